@@ -1,10 +1,5 @@
 #include "platform/data/workbook/compound_file.h"
 
-#include <glib.h>
-#include <gsf/gsf-infile-msole.h>
-#include <gsf/gsf-infile.h>
-#include <gsf/gsf-input-memory.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -12,6 +7,11 @@
 #include <fstream>
 #include <memory>
 #include <system_error>
+
+#include <glib.h>
+#include <gsf/gsf-infile-msole.h>
+#include <gsf/gsf-infile.h>
+#include <gsf/gsf-input-memory.h>
 
 #include "platform/runtime/failure.h"
 
@@ -72,8 +72,8 @@ GPtr<GsfInput> FindStream(GsfInfile* infile, const char* name) {
     const char* childName = gsf_infile_name_by_index(infile, i);
     if (childName == nullptr || g_ascii_strcasecmp(childName, name) != 0) continue;
     GPtr<GsfInput> child(gsf_infile_child_by_index(infile, i));
-    const bool isStorage =
-        child && GSF_IS_INFILE(child.get()) && gsf_infile_num_children(GSF_INFILE(child.get())) >= 0;
+    const bool isStorage = child && GSF_IS_INFILE(child.get()) &&
+                           gsf_infile_num_children(GSF_INFILE(child.get())) >= 0;
     if (child && !isStorage) return child;
   }
   return nullptr;
@@ -122,7 +122,8 @@ WorkbookStream ReadWorkbookStream(const std::string& path, std::span<const std::
                          ".");
     }
     stream.bytes.resize(static_cast<std::size_t>(size));
-    if (size > 0 && gsf_input_read(input.get(), stream.bytes.size(), stream.bytes.data()) == nullptr) {
+    if (size > 0 &&
+        gsf_input_read(input.get(), stream.bytes.size(), stream.bytes.data()) == nullptr) {
       FailFile(path, std::string("stream ") + name + ": the file ends ahead of the stream's " +
                          std::to_string(size) + " bytes.");
     }

@@ -18,16 +18,26 @@ struct RecordName {
 };
 
 constexpr RecordName kRecordNames[] = {
-    {record_id::kFormula, "FORMULA"},   {record_id::kEof, "EOF"},
-    {record_id::kDateMode, "DATEMODE"}, {record_id::kFilePass, "FILEPASS"},
-    {record_id::kContinue, "CONTINUE"}, {record_id::kCodePage, "CODEPAGE"},
-    {record_id::kRkOld, "RK"},          {record_id::kBoundSheet, "BOUNDSHEET"},
-    {record_id::kMulRk, "MULRK"},       {record_id::kRString, "RSTRING"},
-    {record_id::kXf, "XF"},             {record_id::kSst, "SST"},
-    {record_id::kLabelSst, "LABELSST"}, {record_id::kNumber, "NUMBER"},
-    {record_id::kLabel, "LABEL"},       {record_id::kBoolErr, "BOOLERR"},
-    {record_id::kString, "STRING"},     {record_id::kRk, "RK"},
-    {record_id::kFormat, "FORMAT"},     {record_id::kBof, "BOF"},
+    {record_id::kFormula, "FORMULA"},
+    {record_id::kEof, "EOF"},
+    {record_id::kDateMode, "DATEMODE"},
+    {record_id::kFilePass, "FILEPASS"},
+    {record_id::kContinue, "CONTINUE"},
+    {record_id::kCodePage, "CODEPAGE"},
+    {record_id::kRkOld, "RK"},
+    {record_id::kBoundSheet, "BOUNDSHEET"},
+    {record_id::kMulRk, "MULRK"},
+    {record_id::kRString, "RSTRING"},
+    {record_id::kXf, "XF"},
+    {record_id::kSst, "SST"},
+    {record_id::kLabelSst, "LABELSST"},
+    {record_id::kNumber, "NUMBER"},
+    {record_id::kLabel, "LABEL"},
+    {record_id::kBoolErr, "BOOLERR"},
+    {record_id::kString, "STRING"},
+    {record_id::kRk, "RK"},
+    {record_id::kFormat, "FORMAT"},
+    {record_id::kBof, "BOF"},
 };
 
 std::string NameOfRecord(std::uint16_t id) {

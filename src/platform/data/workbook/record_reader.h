@@ -79,9 +79,7 @@ class RecordReader {
   /// boundary that it stands at.
   bool AtEnd();
 
-  [[noreturn]] void Fail(const std::string& fault) const {
-    FailAtRecord(stream_, record_, fault);
-  }
+  [[noreturn]] void Fail(const std::string& fault) const { FailAtRecord(stream_, record_, fault); }
 
  private:
   template <typename T>

@@ -1,10 +1,10 @@
 #include "platform/data/workbook/record_text.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
+
+#include <iconv.h>
 
 namespace vorlane::platform {
 namespace {
@@ -12,9 +12,7 @@ namespace {
 constexpr char32_t kReplacement = 0xFFFD;
 
 void AppendUtf8(std::string& out, char32_t point) {
-  const auto tail = [&](int shift) {
-    out += static_cast<char>(0x80 | ((point >> shift) & 0x3F));
-  };
+  const auto tail = [&](int shift) { out += static_cast<char>(0x80 | ((point >> shift) & 0x3F)); };
   if (point < 0x80) {
     out += static_cast<char>(point);
   } else if (point < 0x800) {
@@ -159,7 +157,9 @@ void Utf16Writer::Finish() {
   high_ = 0;
 }
 
-void RecordText::UseCodePage(std::uint16_t codePage) { codePage_ = codePage == 0 ? 1252 : codePage; }
+void RecordText::UseCodePage(std::uint16_t codePage) {
+  codePage_ = codePage == 0 ? 1252 : codePage;
+}
 
 void RecordText::Read(RecordReader& reader, std::size_t length, std::string& out) const {
   if (Unicode()) {

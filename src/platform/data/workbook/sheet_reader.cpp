@@ -245,9 +245,9 @@ SheetCells ReadSheet(const WorkbookStream& stream, std::size_t offset, const Cel
       reader.Take(record);
     }
   }
-  throw Failure(failure_number::kProviderError, "Workbook",
-                stream.origin + ": the sheet at byte " + std::to_string(offset) +
-                    " has no EOF record.");
+  throw Failure(
+      failure_number::kProviderError, "Workbook",
+      stream.origin + ": the sheet at byte " + std::to_string(offset) + " has no EOF record.");
 }
 
 }  // namespace vorlane::platform

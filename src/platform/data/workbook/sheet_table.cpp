@@ -77,13 +77,13 @@ class CellText {
   }
 
   std::string_view OfDate(double serial) {
-    // The calendar ends with the year 9999, and days below 0 are none.
-    constexpr double kEndOfCalendar = 2958466;
     constexpr double kDaysTo1904 = 1462;
-    // A number below 1 is a time without a day in both systems.
+    // A number below 1 is a time without a day in both systems, and one below 0
+    // has no day in either.
     if (datesFrom1904_ && serial >= 1) serial += kDaysTo1904;
-    if (!(serial >= 0 && serial < kEndOfCalendar)) return OfNumber(serial);
-    text_ = DateText(FromSerial(serial));
+    if (serial < 0 || !IsDateSerial(serial)) return OfNumber(serial);
+    text_.clear();
+    AppendDateText(FromSerial(serial), text_);
     return text_;
   }
 
@@ -128,8 +128,12 @@ class TableWriter {
     }
     table_.Set(row, column, text_.Of(cell));
     if (known != nullptr) {
-      *known = {KeyOf(cell), static_cast<std::uint32_t>(row), static_cast<std::uint16_t>(column),
-                cell.kind, };
+      *known = {
+          KeyOf(cell),
+          static_cast<std::uint32_t>(row),
+          static_cast<std::uint16_t>(column),
+          cell.kind,
+      };
     }
   }
 
@@ -143,7 +147,8 @@ class TableWriter {
   };
 
   static std::uint64_t KeyOf(const SheetCell& cell) {
-    return cell.kind == CellKind::SharedText ? cell.index : std::bit_cast<std::uint64_t>(cell.number);
+    return cell.kind == CellKind::SharedText ? cell.index
+                                             : std::bit_cast<std::uint64_t>(cell.number);
   }
 
   Known* FindKnown(const SheetCell& cell) {
@@ -196,8 +201,7 @@ class KindCount {
 
 }  // namespace
 
-Recordset MakeSheetTable(const SheetCells& sheet, const TextList& sharedTexts,
-                         bool datesFrom1904) {
+Recordset MakeSheetTable(const SheetCells& sheet, const TextList& sharedTexts, bool datesFrom1904) {
   if (sheet.cells.empty()) return {{{"F1", FieldKind::Text}}, std::make_shared<TextTable>(1)};
 
   const Box box = BoxAround(sheet.cells);

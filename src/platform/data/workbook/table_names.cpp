@@ -19,8 +19,10 @@ bool NeedsNoQuotes(char c) {
 
 std::string ListedTableName(std::string_view sheetName) {
   std::string name(sheetName);
-  if (std::all_of(name.begin(), name.end(), NeedsNoQuotes)) return name + "$";
-  return "'" + ReplaceAll(std::move(name), "'", "''") + "$'";
+  const bool isPlain = std::all_of(name.begin(), name.end(), NeedsNoQuotes);
+  if (!isPlain) name = ReplaceAll(std::move(name), "'", "''").insert(0, 1, '\'');
+  name += isPlain ? "$" : "$'";
+  return name;
 }
 
 bool NamesSheet(std::string_view table, std::string_view sheetName) {
@@ -46,9 +48,10 @@ std::vector<std::string> FieldNames(const std::vector<std::string>& headers) {
   std::vector<std::string> names;
   for (const std::string& header : headers) {
     const bool isEmpty = Trim(header).empty();
-    const std::string stem = isEmpty ? "F" + std::to_string(names.size() + 1) : header;
+    std::string stem = header;
+    if (isEmpty) stem.assign(1, 'F').append(std::to_string(names.size() + 1));
     std::string name = stem;
-    bool isFree = isEmpty ? !reserved.contains(UpperCase(name)) : true;
+    bool isFree = !isEmpty || !reserved.contains(UpperCase(name));
     for (int number = 1; !isFree || !used.insert(UpperCase(name)).second; ++number) {
       name = stem + std::to_string(number);
       isFree = !reserved.contains(UpperCase(name));

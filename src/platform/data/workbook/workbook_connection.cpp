@@ -94,7 +94,8 @@ std::unique_ptr<Connection> OpenWorkbookListImage(const std::string& path,
 }
 
 std::unique_ptr<Connection> OpenWorkbook(const ConnectionSpec& spec) {
-  return OpenWorkbookImage(spec.path, WithinMemory(spec.path, [&] { return ReadFileBytes(spec.path); }));
+  return OpenWorkbookImage(spec.path,
+                           WithinMemory(spec.path, [&] { return ReadFileBytes(spec.path); }));
 }
 
 std::unique_ptr<Connection> OpenWorkbookList(const ConnectionSpec& spec) {

@@ -1,11 +1,11 @@
 #include "platform/data/workbook/xlsx_sheet_list.h"
 
-#include <zip.h>
-
 #include <map>
 #include <memory>
 #include <optional>
 #include <string_view>
+
+#include <zip.h>
 
 #include "platform/data/workbook/compound_file.h"
 #include "platform/runtime/failure.h"
