@@ -82,6 +82,7 @@ class StagingStore {
   const std::filesystem::path& File() const { return file_; }
 
   /// Runs one statement; `texts` stand for its question marks in order.
+  /// Statements stay prepared by their text, so values belong in `texts`.
   void Execute(std::string_view sql, std::span<const std::string_view> texts = {});
 
   /// Starts a read. The texts are copied.

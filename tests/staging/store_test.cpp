@@ -1,6 +1,7 @@
 #include "staging/store.h"
 
 #include <chrono>
+#include <thread>
 
 #include "tests/staging/store_fixture.h"
 
@@ -48,13 +49,27 @@ TEST_F(StoreTest, JournalOfADeletedStoreIsNotPlayedBack) {
   EXPECT_EQ(Value("Select count(*) from Address"), "0");
 }
 
+TEST_F(StoreTest, ProgramsThatStartTogetherShareOneStore) {
+  std::vector<std::thread> programs;
+  for (int i = 0; i < 8; ++i) {
+    programs.emplace_back([this] {
+      StagingStore store(file_);
+      EXPECT_NO_THROW(store.Execute("Insert into Address (Address_) values ('x')"));
+    });
+  }
+  for (std::thread& program : programs) program.join();
+  EXPECT_EQ(Value("Select count(*) from Address"), "8");
+  store_.reset();
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder_), fs::directory_iterator()), 1);
+}
+
 TEST_F(StoreTest, FailedOpeningIsTriedAgain) {
   StagingStore store(folder_ / "later" / "Vorlane20.DAT");
   const platform::Failure failure = FailureOf([&] { store.Execute("Delete from Voucher"); });
   EXPECT_EQ(failure.Number(), number::kPathNotFound);
-  EXPECT_EQ(failure.Description(), "Staging store \"" + store.File().string() +
-                                       "\" cannot be created: there is no folder \"" +
-                                       (folder_ / "later").string() + "\".");
+  EXPECT_EQ(failure.Description(),
+            "Staging store \"" + store.File().string() + "\" cannot be created: the folder \"" +
+                (folder_ / "later").string() + "\" cannot be opened (No such file or directory).");
   fs::create_directory(folder_ / "later");
   EXPECT_NO_THROW(store.Execute("Delete from Voucher"));
 }
