@@ -11,7 +11,7 @@ namespace vorlane::gateway {
 
 using platform::XmlDocument;
 using platform::XmlNode;
-using platform::XmlNodeType;
+using platform::NodeType;
 
 namespace {
 
@@ -29,7 +29,7 @@ constexpr int kLastLevel = 5;
 
 void CopyLevel(XmlDocument& document, XmlNode* parent, const XmlNode* source, int level) {
   for (const XmlNode* from = source; from; from = from->NextSibling()) {
-    if (from->Type() != XmlNodeType::Element) continue;
+    if (from->Type() != NodeType::Element) continue;
     XmlNode* copy = parent->AppendChild(document.CreateElement(from->NodeName()));
     if (level == kTextLevel) {
       const std::string text = from->Text();

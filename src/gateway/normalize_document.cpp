@@ -9,7 +9,7 @@ namespace vorlane::gateway {
 
 using platform::XmlDocument;
 using platform::XmlNode;
-using platform::XmlNodeType;
+using platform::NodeType;
 
 namespace {
 
@@ -17,13 +17,13 @@ constexpr std::string_view kLineEnd = "\r\n";
 
 bool HoldsOnlyText(const XmlNode* node) {
   for (const XmlNode* child = node->FirstChild(); child; child = child->NextSibling()) {
-    if (child->Type() != XmlNodeType::Text) return false;
+    if (child->Type() != NodeType::Text) return false;
   }
   return true;
 }
 
 void Indent(XmlNode* node, bool textOnly, std::int16_t indent) {
-  XmlDocument& document = node->OwnerDocument();
+  XmlDocument& document = *node->OwnerDocument();
   XmlNode* parent = node->ParentNode();
   const std::string blanks(static_cast<std::size_t>(indent), ' ');
   parent->InsertBefore(document.CreateTextNode(blanks), node);
@@ -45,11 +45,11 @@ void NormalizeNode(XmlNode* node, errors::Reporter& reporter, std::int16_t inden
                               "There is no document: the text that was to be sent to Tally is "
                               "not well-formed XML.");
     }
-    if (node->Type() == XmlNodeType::Text) return;
+    if (node->Type() == NodeType::Text) return;
     const bool textOnly = HoldsOnlyText(node);
     if (node->HasChildNodes()) {
       if (!textOnly) {
-        node->InsertBefore(node->OwnerDocument().CreateTextNode(kLineEnd), node->FirstChild());
+        node->InsertBefore(node->OwnerDocument()->CreateTextNode(kLineEnd), node->FirstChild());
       }
       // The walk meets the texts that it inserts and passes over them.
       for (XmlNode* child = node->FirstChild(); child; child = child->NextSibling()) {

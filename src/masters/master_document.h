@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "errors/trap.h"
 #include "gateway/document_builder.h"
 #include "gateway/import_digest.h"
 #include "gateway/import_envelope.h"

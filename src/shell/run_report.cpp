@@ -30,7 +30,7 @@ std::string RowNameColumn(const ImportGrid& grid) {
 /// The present time as a part of a file's name.
 std::string Stamp(const ImportForm& importForm) {
   std::string stamp = platform::FormatPattern("dd-MM-yyyy hh:nn:ss")
-                          .ApplyDate(platform::LocalTime(importForm.services.clock.Now()));
+                          .ApplyDate(importForm.services.clock.Now());
   stamp = platform::ReplaceAll(std::move(stamp), "/", "-");
   return platform::ReplaceAll(std::move(stamp), ":", ".");
 }
