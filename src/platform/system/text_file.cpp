@@ -70,14 +70,15 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
 }
 
 void AppendToFile(const std::filesystem::path& path, std::string_view text) {
-  FileHandle file(path, O_WRONLY | O_CREAT | O_APPEND);
-  const int error = WriteAll(file.Get(), text);
-  if (error != 0) throw FileFailure("write", path, error);
-  CloseWritten(file.Release(), path);
+  FileWriter writer(path, FileWriter::Start::AtEnd);
+  writer.Write(text);
+  writer.Close();
 }
 
-FileWriter::FileWriter(std::filesystem::path path)
-    : path_(std::move(path)), fd_(FileHandle(path_, O_WRONLY | O_CREAT | O_TRUNC).Release()) {}
+FileWriter::FileWriter(std::filesystem::path path, Start start)
+    : path_(std::move(path)),
+      fd_(FileHandle(path_, O_WRONLY | O_CREAT | (start == Start::Empty ? O_TRUNC : O_APPEND))
+              .Release()) {}
 
 FileWriter::~FileWriter() {
   try {

@@ -17,16 +17,21 @@ Failure FileFailure(std::string_view action, const std::filesystem::path& path, 
 /// The bytes of a file. A folder is a Failure like a missing file.
 std::string ReadWholeFile(const std::filesystem::path& path);
 
-/// Adds to the end of a file, which is created when missing, in one write, so
-/// that the pieces of two processes never mix.
+/// Adds to the end of a file, which is created when missing.
 void AppendToFile(const std::filesystem::path& path, std::string_view text);
 
-/// Writes a new file, or one in the place of an old. The text is held back in
-/// pieces of 64 KB; only Close tells whether all of it arrived. An object that
-/// goes without Close still writes what it holds, but tells nobody of a failure.
+/// Writes a file, which is created when missing. The text is held back in pieces
+/// of 64 KB, each of which two processes that append see whole; only Close tells
+/// whether all of it arrived. An object that goes without Close still writes what
+/// it holds, but tells nobody of a failure.
 class FileWriter {
  public:
-  explicit FileWriter(std::filesystem::path path);
+  enum class Start {
+    Empty,  ///< what the file held before is lost
+    AtEnd,
+  };
+
+  explicit FileWriter(std::filesystem::path path, Start start = Start::Empty);
   ~FileWriter();
   FileWriter(const FileWriter&) = delete;
   FileWriter& operator=(const FileWriter&) = delete;
