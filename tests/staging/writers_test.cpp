@@ -8,9 +8,17 @@ namespace {
 
 class WritersTest : public StoreTest {
  protected:
-  errors::Reporter reporter_;
+  platform::SystemClock clock_;
+  std::vector<std::string> reports_;
+  errors::Reporter reporter_{
+      clock_, "PC", folder_,
+      [this](const std::string& text, const std::string&) { reports_.push_back(text); }};
   StagingWriters writers_{*store_, reporter_};
-  std::vector<std::string> Reports() { return reporter_.reports; }
+
+  void ExpectOneReportFrom(const std::string& where) {
+    ASSERT_EQ(reports_.size(), 1u);
+    EXPECT_NE(reports_[0].find("LOCATION CODE: " + where + "()"), std::string::npos) << reports_[0];
+  }
 };
 
 // A record whose every field holds the name of its column.
@@ -129,8 +137,7 @@ TEST_P(EachWriter, PutsEveryTextIntoItsColumnAndReplacesItsKeyOnly) {
 TEST_P(EachWriter, ReportsUnderItsCodeAndGoesOn) {
   store_->Execute("Drop table " + std::string(Def().name));
   EXPECT_NO_THROW(GetParam().write(writers_));
-  ASSERT_EQ(Reports().size(), 1u);
-  EXPECT_EQ(Reports()[0].substr(0, Reports()[0].find(':')), GetParam().where);
+  ExpectOneReportFrom(GetParam().where);
 }
 
 INSTANTIATE_TEST_SUITE_P(Table, EachWriter, testing::ValuesIn(kCases),
@@ -154,7 +161,7 @@ TEST_F(WritersTest, OneDescriptionForEachStockLineWhateverItsNumber) {
 TEST_F(WritersTest, FailureOfADescriptionRisesToTheLoop) {
   store_->Execute("Drop table BASICUSERDESCRIPTION");
   FailureOf([&] { writers_.AddBasicUserDescription("Co", "text", "1", "1", "1"); });
-  EXPECT_EQ(Reports().size(), 0u);
+  EXPECT_EQ(reports_.size(), 0u);
 }
 
 TEST_F(WritersTest, DeleteStaysWhenTheInsertFails) {
@@ -164,7 +171,7 @@ TEST_F(WritersTest, DeleteStaysWhenTheInsertFails) {
   writers_.AddLedgerEntry("Co", entry, "1", "2");
   store_->Execute("Alter table LedgerEntry drop column TDSPartyName_");
   writers_.AddLedgerEntry("Co", entry, "1", "1");
-  EXPECT_EQ(Reports().size(), 1u);
+  EXPECT_EQ(reports_.size(), 1u);
   EXPECT_EQ(Rows("Select LdEID from LedgerEntry"), std::vector<std::string>{"2"});
 }
 
@@ -173,7 +180,7 @@ TEST_F(WritersTest, LockedStoreCostsTheRowOnly) {
   {
     Locker other(file_);
     writers_.AddAddress("Co", "lost", "1", "1");
-    EXPECT_EQ(Reports().size(), 1u);
+    EXPECT_EQ(reports_.size(), 1u);
   }
   writers_.AddAddress("Co", "next", "1", "2");
   EXPECT_EQ(Rows("Select Address_ from Address"), (std::vector<std::string>{"kept", "next"}));
@@ -184,7 +191,7 @@ TEST_F(WritersTest, ApostrophesAreCharactersLikeAnyOther) {
   writers_.AddAddress("O'Brien's", "y", "1'", "1");
   EXPECT_EQ(Rows("Select CompanyName, FK_VchID, Address_ from Address", 3),
             std::vector<std::string>{"O'Brien's|1'|y"});
-  EXPECT_EQ(Reports().size(), 0u);
+  EXPECT_EQ(reports_.size(), 0u);
 }
 
 TEST_F(WritersTest, EveryRowIsThereForAnotherProgramAsTheCallReturns) {
@@ -194,7 +201,7 @@ TEST_F(WritersTest, EveryRowIsThereForAnotherProgramAsTheCallReturns) {
   ASSERT_TRUE(read.Step());
   EXPECT_EQ(read.Text(0), "x");
   writers_.AddAddress("Co", "y", "1", "2");  // while the other still reads
-  EXPECT_EQ(Reports().size(), 0u);
+  EXPECT_EQ(reports_.size(), 0u);
 }
 
 TEST_F(WritersTest, LoopPurgeKeepsWhatOnlyThePostCommandEmpties) {
@@ -218,16 +225,15 @@ TEST_F(WritersTest, LoopPurgeKeepsWhatOnlyThePostCommandEmpties) {
   EXPECT_EQ(left(),
             "TaxBillAllocation InventoryAllocations BASICUSERDESCRIPTION Attendance "
             "EXCISEITEMGODOWN ");
-  EXPECT_EQ(Reports().size(), 0u);
+  EXPECT_EQ(reports_.size(), 0u);
 }
 
 TEST_F(WritersTest, LoopPurgeGoesOnAfterAFailure) {
   store_->Execute("Insert into AllInventoryEntry (CompanyName) values ('A')");
   store_->Execute("Drop table Voucher");
   writers_.PurgeForLoop(StagingWriters::BankRows::Purge);
-  ASSERT_EQ(Reports().size(), 1u);
-  EXPECT_EQ(Reports()[0].substr(0, 9), "C01-0023:");
-  EXPECT_NE(Reports()[0].find("\"Delete from Voucher \""), std::string::npos);
+  ExpectOneReportFrom("C01-0023");
+  EXPECT_NE(reports_[0].find("\"Delete from Voucher \""), std::string::npos);
   EXPECT_EQ(Value("Select count(*) from AllInventoryEntry"), "0");
 }
 
@@ -238,8 +244,7 @@ TEST_F(WritersTest, NextVoucherIdIsTheGreatestText) {
   EXPECT_EQ(writers_.NextVoucherId("Co"), "9");
   store_->Execute("Drop table Voucher");
   EXPECT_EQ(writers_.NextVoucherId("Co"), "1");
-  ASSERT_EQ(Reports().size(), 1u);
-  EXPECT_EQ(Reports()[0].substr(0, 9), "C01-0022:");
+  ExpectOneReportFrom("C01-0022");
 }
 
 }  // namespace
