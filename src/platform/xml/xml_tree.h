@@ -1,0 +1,52 @@
+#pragma once
+
+#include <cstddef>
+#include <memory_resource>
+#include <string_view>
+
+#include "platform/xml/xml_document.h"
+
+namespace vorlane::platform {
+
+/// How the reference `&#4;` stands in the texts of a tree: a byte that no UTF-8
+/// text holds. A text that is set cannot bring it in, see StoreText.
+inline constexpr char kReservedMark = '\xFF';
+/// The reference itself, and what a caller reads in its place.
+inline constexpr std::string_view kReservedReference = "&#4;";
+
+inline constexpr std::string_view kXmlBlanks = " \t\r\n";
+
+/// What a document owns: an arena with its nodes and their texts.
+struct XmlTree {
+  explicit XmlTree(XmlDocument* document);
+  XmlTree(const XmlTree&) = delete;
+  XmlTree& operator=(const XmlTree&) = delete;
+
+  XmlNode* NewNode(NodeType type, std::string_view name, std::string_view value = {});
+  /// A node whose name comes from outside; fails when it is no XML name.
+  XmlNode* NewNamed(NodeType type, std::string_view name);
+  /// Copies bytes as they are, a mark included.
+  std::string_view Copy(std::string_view text);
+  /// Copies a text from outside; a byte that looks like the mark becomes another
+  /// one that is as invalid, so that it stays a fault and does not turn into a
+  /// reference.
+  std::string_view StoreText(std::string_view text);
+  /// Hangs a node in as the last child, unchecked.
+  static void Append(XmlNode* parent, XmlNode* child);
+  /// Adds an attribute behind the last one that an element has, unchecked; `last`
+  /// is null for the first.
+  static void AppendAttribute(XmlNode* element, XmlNode* last, XmlNode* attribute);
+
+  std::pmr::monotonic_buffer_resource arena;
+  XmlDocument* document;
+  XmlNode* root;
+};
+
+/// Fills an empty tree from a text; false when the text is refused, in which case
+/// the tree holds rubbish.
+bool ParseXml(std::string_view text, XmlTree& tree);
+
+/// Whether a name can be an element's or attribute's: one colon at most.
+bool IsXmlName(std::string_view name);
+
+}  // namespace vorlane::platform
