@@ -60,7 +60,6 @@ class Recordset {
 /// value, then other texts, equal ones in source order. Rows that stand in
 /// order already cost one pass. Texts compare without case. Fails when the field
 /// does not exist, naming the `table`.
-void OrderBy(Recordset& recordset, std::string_view field,
-             std::string_view table = "The table");
+void OrderBy(Recordset& recordset, std::string_view field, std::string_view table = "The table");
 
 }  // namespace vorlane::platform

@@ -77,7 +77,8 @@ class DelimitedRecords : public TextRecords {
     bool hasDoubled = false;
     char* close = open + 1;
     while (true) {
-      close = static_cast<char*>(std::memchr(close, quote_, static_cast<std::size_t>(end_ - close)));
+      close =
+          static_cast<char*>(std::memchr(close, quote_, static_cast<std::size_t>(end_ - close)));
       if (close == nullptr) ThrowUnclosed(open);
       if (close[1] != quote_ || close + 1 == end_) break;
       hasDoubled = true;

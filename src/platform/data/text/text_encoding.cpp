@@ -1,13 +1,13 @@
 #include "platform/data/text/text_encoding.h"
 
-#include <iconv.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <string_view>
 #include <utility>
+
+#include <iconv.h>
 
 namespace vorlane::platform {
 
@@ -31,7 +31,8 @@ char* WriteUtf8(char32_t c, char* to) {
     return to + 1;
   }
   constexpr std::array<unsigned, 5> kLead = {0, 0, 0xC0, 0xE0, 0xF0};
-  for (std::size_t i = length - 1; i > 0; --i, c >>= 6) to[i] = static_cast<char>(0x80 | (c & 0x3F));
+  for (std::size_t i = length - 1; i > 0; --i, c >>= 6)
+    to[i] = static_cast<char>(0x80 | (c & 0x3F));
   to[0] = static_cast<char>(kLead[length] | c);
   return to + length;
 }

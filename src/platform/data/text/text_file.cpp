@@ -1,12 +1,12 @@
 #include "platform/data/text/text_file.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <system_error>
 #include <utility>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vorlane::platform {
 
@@ -49,10 +49,10 @@ std::int32_t NumberFor(int systemError) {
 }
 
 [[noreturn]] void ThrowSystemFailure(const std::string& path, int systemError) {
-  throw Failure(NumberFor(systemError), kSource,
-                path + ": the file cannot be read: " +
-                    std::generic_category().message(systemError) + ".",
-                systemError);
+  throw Failure(
+      NumberFor(systemError), kSource,
+      path + ": the file cannot be read: " + std::generic_category().message(systemError) + ".",
+      systemError);
 }
 
 std::uint64_t SizeOf(const Descriptor& descriptor, const std::string& path) {

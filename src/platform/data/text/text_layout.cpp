@@ -138,14 +138,14 @@ struct TypeName {
 };
 
 constexpr std::array kTypeNames = {
-    TypeName{"TEXT", FieldKind::Text},       TypeName{"CHAR", FieldKind::Text},
-    TypeName{"MEMO", FieldKind::Text},       TypeName{"LONGCHAR", FieldKind::Text},
-    TypeName{"BIT", FieldKind::Boolean},     TypeName{"BYTE", FieldKind::Number},
-    TypeName{"SHORT", FieldKind::Number},    TypeName{"INTEGER", FieldKind::Number},
-    TypeName{"LONG", FieldKind::Number},     TypeName{"CURRENCY", FieldKind::Number},
-    TypeName{"SINGLE", FieldKind::Number},   TypeName{"DOUBLE", FieldKind::Number},
-    TypeName{"FLOAT", FieldKind::Number},    TypeName{"DECIMAL", FieldKind::Number},
-    TypeName{"DATE", FieldKind::Date},       TypeName{"DATETIME", FieldKind::Date},
+    TypeName{"TEXT", FieldKind::Text},     TypeName{"CHAR", FieldKind::Text},
+    TypeName{"MEMO", FieldKind::Text},     TypeName{"LONGCHAR", FieldKind::Text},
+    TypeName{"BIT", FieldKind::Boolean},   TypeName{"BYTE", FieldKind::Number},
+    TypeName{"SHORT", FieldKind::Number},  TypeName{"INTEGER", FieldKind::Number},
+    TypeName{"LONG", FieldKind::Number},   TypeName{"CURRENCY", FieldKind::Number},
+    TypeName{"SINGLE", FieldKind::Number}, TypeName{"DOUBLE", FieldKind::Number},
+    TypeName{"FLOAT", FieldKind::Number},  TypeName{"DECIMAL", FieldKind::Number},
+    TypeName{"DATE", FieldKind::Date},     TypeName{"DATETIME", FieldKind::Date},
 };
 
 // Takes the next word off `rest`, or what stands in double quotes.

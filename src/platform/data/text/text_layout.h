@@ -30,8 +30,8 @@ struct TextLayout {
   char quote = '"';  ///< 0 when quotes are plain characters
   bool hasHeader = true;
   CharacterSet characterSet;
-  std::size_t scanRows = 25;             ///< rows that tell a field's kind; 0 for all
-  std::optional<DatePattern> dateFormat;  ///< how date columns are spelt, when given
+  std::size_t scanRows = 25;                  ///< rows that tell a field's kind; 0 for all
+  std::optional<DatePattern> dateFormat;      ///< how date columns are spelt, when given
   std::map<std::size_t, TextColumn> columns;  ///< by position from 0
 };
 

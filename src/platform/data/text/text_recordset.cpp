@@ -23,8 +23,8 @@ class TableFiller {
  public:
   TableFiller(TextFile& file, std::size_t columns)
       : file_(file), base_(file.bytes.get()), table_(std::make_shared<TextTable>(columns)) {
-    position_ = table_->AdoptBuffer(std::move(file.bytes),
-                                    static_cast<std::size_t>(file.end - base_));
+    position_ =
+        table_->AdoptBuffer(std::move(file.bytes), static_cast<std::size_t>(file.end - base_));
   }
 
   void AddRow(const Cells& cells) {
@@ -62,12 +62,12 @@ class TableFiller {
   }
 
   [[noreturn]] void ThrowTooManyFields() const {
-    const auto widest =
-        std::find_if(surplus_.begin(), surplus_.end(),
-                     [](const Surplus& cell) { return cell.column >= kMaxTextFields; });
-    throw TextFailure(file_, LineOf(file_, widest->text.data()),
-                      "expected at most " + std::to_string(kMaxTextFields) +
-                          " fields, found one behind them.");
+    const auto widest = std::find_if(surplus_.begin(), surplus_.end(), [](const Surplus& cell) {
+      return cell.column >= kMaxTextFields;
+    });
+    throw TextFailure(
+        file_, LineOf(file_, widest->text.data()),
+        "expected at most " + std::to_string(kMaxTextFields) + " fields, found one behind them.");
   }
 
   const TextFile& file_;
