@@ -1,5 +1,6 @@
 #include "errors/reporter.h"
 
+#include <exception>
 #include <thread>
 #include <utility>
 
