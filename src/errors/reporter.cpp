@@ -1,10 +1,10 @@
 #include "errors/reporter.h"
 
-#include <array>
-#include <ctime>
+#include <exception>
 #include <thread>
 #include <utility>
 
+#include "platform/runtime/format.h"
 #include "platform/system/system_message.h"
 #include "platform/system/text_file.h"
 
@@ -17,6 +17,8 @@ constexpr std::string_view kLineEnd = "\r\n";
 constexpr std::string_view kLostError =
     "ErrorIn: Error information was lost. To fix: call ErrPreserve before doing anything in error "
     "handler.";
+// Month first, unlike every other date of the program.
+constexpr std::string_view kTimePattern = "Mm/Dd/yy Hh:Nn:Ss";
 // Another process may hold the log for a moment.
 constexpr milliseconds kLogRetryPause{200};
 constexpr milliseconds kLogRetryTime{1000};
@@ -38,13 +40,6 @@ void IgnoringFailures(Step&& step) noexcept {
   }
 }
 
-/// Month first, as in 11/22/26 21:44:05.
-std::string TimeText(const std::tm& time) {
-  std::array<char, 32> text{};
-  const std::size_t size = std::strftime(text.data(), text.size(), "%m/%d/%y %H:%M:%S", &time);
-  return {text.data(), size};
-}
-
 /// "CODE(arguments)" as "CODE(arguments)", "CODE" as "CODE()".
 std::string LocationLine(std::string_view where) {
   const std::size_t bracket = where.find('(');
@@ -59,10 +54,10 @@ std::string LocationLine(std::string_view where) {
 }  // namespace
 
 Reporter::Reporter(const platform::Clock& clock, std::string computerName,
-                   std::filesystem::path applicationFolder, ShowBox showBox)
+                   const std::filesystem::path& applicationFolder, ShowBox showBox)
     : clock_(clock),
       computerName_(std::move(computerName)),
-      logFile_(std::move(applicationFolder) / kLogFileName),
+      logFile_(applicationFolder / kLogFileName),
       showBox_(std::move(showBox)),
       sleep_([](milliseconds time) { std::this_thread::sleep_for(time); }) {}
 
@@ -120,8 +115,9 @@ std::string Reporter::Head() const {
   std::string head = errDescription_;
   head.append(" ").append(kLineEnd);
   head.append("=> Computer='").append(computerName_);
-  IgnoringFailures(
-      [&] { head.append("' Time='").append(TimeText(platform::LocalTime(clock_.Now()))); });
+  IgnoringFailures([&] {
+    head.append("' Time='").append(platform::FormatPattern(kTimePattern).ApplyDate(clock_.Now()));
+  });
   // The version of data access components that this platform does not have; the
   // "?" is what the help desk knows from machines without them.
   head.append("' ADO-version='?' ").append(kLineEnd);

@@ -39,7 +39,7 @@ class Reporter {
 
   /// `clock` must outlive the reporter.
   Reporter(const platform::Clock& clock, std::string computerName,
-           std::filesystem::path applicationFolder, ShowBox showBox);
+           const std::filesystem::path& applicationFolder, ShowBox showBox);
 
   /// For tests, which do not want to wait for a log that cannot be opened.
   void SetSleep(Sleep sleep) { sleep_ = std::move(sleep); }

@@ -25,7 +25,7 @@ class ReportingDesk {
   std::string Log() const { return platform::ReadWholeFile(LogFile()); }
 
   tests::ScratchFolder folder_;
-  tests::FixedClock clock_{2026, 11, 22, 21, 44, 5};
+  tests::FixedClock clock_{{2026, 11, 22, 21, 44, 5}};
   std::vector<Box> boxes_;
   std::vector<std::chrono::milliseconds> pauses_;
   Reporter reporter_{clock_, "DESK", folder_.Path(),

@@ -89,7 +89,7 @@ bool IsUtf8(std::string_view text) {
 /// Nothing when the system does not know the charset.
 std::optional<std::string> Convert(std::string_view bytes, const std::string& charset) {
   const iconv_t converter = ::iconv_open("UTF-8", charset.c_str());
-  if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt;
+  if (reinterpret_cast<std::intptr_t>(converter) == -1) return std::nullopt;
   const std::size_t unit = charset.starts_with("utf-16") ? 2 : 1;
   std::string text;
   std::array<char, 16 * 1024> piece;

@@ -112,7 +112,9 @@ void FillHeaders(const RawRequest& request, HeaderList& list) {
   list.Add("Expect:");
   list.Add("Accept:");
   for (const auto& [name, value] : request.headers) {
-    list.Add(value.empty() ? name + ";" : name + ": " + value);
+    std::string line = name;
+    // The library sends a header without a value only when told by a semicolon.
+    list.Add(value.empty() ? line.append(";") : line.append(": ").append(value));
   }
 }
 

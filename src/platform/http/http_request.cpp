@@ -5,6 +5,7 @@
 #include "platform/http/answer_text.h"
 #include "platform/http/exchange.h"
 #include "platform/runtime/failure.h"
+#include "platform/runtime/text.h"
 
 namespace vorlane::platform {
 namespace {
@@ -48,12 +49,6 @@ std::string FaultOfUrl(std::string_view url) {
   return {};
 }
 
-bool SameName(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
-
 }  // namespace
 
 void HttpRequest::Open(std::string method, std::string url) {
@@ -72,7 +67,7 @@ void HttpRequest::SetRequestHeader(std::string name, std::string value) {
     throw Failure(failure_number::kTypeMismatch, "HttpRequest",
                   "A request header must be one line, but " + Quoted(name) + " has a line break.");
   }
-  std::erase_if(headers_, [&](const auto& header) { return SameName(header.first, name); });
+  std::erase_if(headers_, [&](const auto& header) { return EqualsNoCase(header.first, name); });
   headers_.emplace_back(std::move(name), std::move(value));
 }
 

@@ -1,6 +1,5 @@
 #include "platform/settings/settings_store.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <optional>
@@ -13,6 +12,7 @@
 #include <unistd.h>
 
 #include "platform/runtime/failure.h"
+#include "platform/runtime/text.h"
 #include "platform/system/file_handle.h"
 #include "platform/system/text_file.h"
 #include "platform/system/user_folder.h"
@@ -28,12 +28,6 @@ std::string_view Trimmed(std::string_view text) {
   const auto first = text.find_first_not_of(" \t");
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
 }
 
 /// Where a setting stands in the file's text, as offsets.
@@ -60,14 +54,14 @@ Place FindSetting(std::string_view text, std::string_view section, std::string_v
     const std::string_view line = text.substr(begin, end - begin);
     const std::string_view bare = Trimmed(line);
     if (bare.starts_with('[') && bare.ends_with(']')) {
-      inSection = SameName(Trimmed(bare.substr(1, bare.size() - 2)), section);
+      inSection = EqualsNoCase(Trimmed(bare.substr(1, bare.size() - 2)), section);
       inFirst = inSection && !place.hasSection;
       place.hasSection = place.hasSection || inSection;
     }
     if (inFirst && !bare.empty()) place.sectionEnd = next;
     const auto equals = line.find('=');
     if (!inSection || equals == std::string_view::npos) continue;
-    if (SameName(Trimmed(line.substr(0, equals)), key)) {
+    if (EqualsNoCase(Trimmed(line.substr(0, equals)), key)) {
       place.value = {begin + equals + 1, end};
       return place;
     }

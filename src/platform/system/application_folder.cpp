@@ -29,7 +29,7 @@ std::filesystem::path ProgramFolder() {
 }
 
 std::filesystem::path ApplicationFolder(const std::filesystem::path& programFolder) {
-  const std::filesystem::path folder = PickFolder(programFolder);
+  std::filesystem::path folder = PickFolder(programFolder);
   std::error_code error;
   std::filesystem::create_directories(folder, error);
   if (error) throw FileFailure("create the folder", folder, error.value());

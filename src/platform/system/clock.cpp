@@ -1,16 +1,15 @@
 #include "platform/system/clock.h"
 
+#include <ctime>
+
 namespace vorlane::platform {
 
-std::chrono::system_clock::time_point SystemClock::Now() const {
-  return std::chrono::system_clock::now();
-}
-
-std::tm LocalTime(std::chrono::system_clock::time_point when) {
-  const std::time_t seconds = std::chrono::system_clock::to_time_t(when);
+DateTime SystemClock::Now() const {
+  const std::time_t now = std::time(nullptr);
   std::tm parts{};
-  ::localtime_r(&seconds, &parts);
-  return parts;
+  ::localtime_r(&now, &parts);
+  return {parts.tm_year + 1900, parts.tm_mon + 1, parts.tm_mday,
+          parts.tm_hour,        parts.tm_min,     parts.tm_sec};
 }
 
 }  // namespace vorlane::platform

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <chrono>
-#include <ctime>
+#include "platform/runtime/date.h"
 
 namespace vorlane::platform {
 
@@ -9,15 +8,13 @@ namespace vorlane::platform {
 class Clock {
  public:
   virtual ~Clock() = default;
-  virtual std::chrono::system_clock::time_point Now() const = 0;
+  /// In the computer's time zone.
+  virtual DateTime Now() const = 0;
 };
 
 class SystemClock : public Clock {
  public:
-  std::chrono::system_clock::time_point Now() const override;
+  DateTime Now() const override;
 };
-
-/// The day and time of day in the computer's time zone.
-std::tm LocalTime(std::chrono::system_clock::time_point when);
 
 }  // namespace vorlane::platform
