@@ -175,6 +175,10 @@ TEST_F(GatewayTest, RefusesWhatItCannotWriteTo) {
             refusal +
                 "Could not set &apos;SVCurrentCompany&apos; to &apos;Nobody &amp; Co&apos;"
                 "</LINEERROR>\r\n  </DATA>\r\n </BODY>\r\n</ENVELOPE>\r\n");
+  EXPECT_EQ(Ask(OldImport("", "", "Stock")),
+            refusal +
+                "Could not find Report &apos;Stock&apos;!"
+                "</LINEERROR>\r\n  </DATA>\r\n </BODY>\r\n</ENVELOPE>\r\n");
   PracticeGateway idle({});
   EXPECT_EQ(idle.Handle(Post(OldImport(Creating("GODOWN", "Yard"))))
                 .body.find(refusal + "Could not find Company &apos;&apos;</LINEERROR>"),
