@@ -1,30 +1,16 @@
 #include "platform/data/recordset.h"
 
 #include <algorithm>
-#include <charconv>
 #include <numeric>
 #include <string>
 
 #include "platform/runtime/failure.h"
+#include "platform/runtime/number.h"
+#include "platform/runtime/text.h"
 
 namespace vorlane::platform {
 
 namespace {
-
-char UpperAscii(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
-
-std::string UpperCase(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), UpperAscii);
-  return upper;
-}
-
-std::optional<double> ParseNumber(std::string_view text) {
-  double value = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
-  if (error != std::errc{} || end != text.data() + text.size()) return std::nullopt;
-  return value;
-}
 
 // Where a cell stands in the order: its kind first, then its value. The text is
 // upper-cased, since databases compare without regard to case.
@@ -41,12 +27,8 @@ struct SortKey {
 };
 
 SortKey MakeKey(std::string_view cell) {
-  const auto first = cell.find_first_not_of(' ');
-  if (first == std::string_view::npos) return {};
-  const auto last = cell.find_last_not_of(' ');
-  if (const auto number = ParseNumber(cell.substr(first, last - first + 1))) {
-    return {SortKey::Kind::Number, *number, {}};
-  }
+  if (Trim(cell).empty()) return {};
+  if (const auto number = ParseNumber(cell)) return {SortKey::Kind::Number, *number, {}};
   return {SortKey::Kind::Text, 0, UpperCase(cell)};
 }
 
@@ -63,9 +45,8 @@ bool StandsInOrder(const TextTable& rows, std::size_t column) {
 }  // namespace
 
 std::optional<std::size_t> Recordset::FindField(std::string_view name) const {
-  const std::string wanted = UpperCase(name);
   for (std::size_t i = 0; i < fields_.size(); ++i) {
-    if (UpperCase(fields_[i].name) == wanted) return i;
+    if (EqualsNoCase(fields_[i].name, name)) return i;
   }
   return std::nullopt;
 }
@@ -79,12 +60,12 @@ std::optional<std::string_view> Recordset::Value(std::string_view name) const {
   return Value(*field);
 }
 
-void OrderBy(Recordset& recordset, std::string_view field) {
+void OrderBy(Recordset& recordset, std::string_view field, std::string_view table) {
   const auto column = recordset.FindField(field);
   if (!column) {
     throw Failure(failure_number::kNoValueForParameter, "Recordset",
-                  "No value given for one or more required parameters. The table has no field \"" +
-                      std::string(field) + "\" to be ordered by.");
+                  "No value given for one or more required parameters. " + std::string(table) +
+                      " has no field \"" + std::string(field) + "\" to be ordered by.");
   }
   TextTable& rows = *recordset.Rows();
   if (StandsInOrder(rows, *column)) return;

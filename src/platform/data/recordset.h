@@ -58,7 +58,8 @@ class Recordset {
 
 /// Sorts by a field in place: empty texts and nulls first, then numbers by
 /// value, then other texts, equal ones in source order. Rows that stand in
-/// order already cost one pass. Fails when the field does not exist.
-void OrderBy(Recordset& recordset, std::string_view field);
+/// order already cost one pass. Texts compare without case. Fails when the field
+/// does not exist, naming the `table`.
+void OrderBy(Recordset& recordset, std::string_view field, std::string_view table = "The table");
 
 }  // namespace vorlane::platform
