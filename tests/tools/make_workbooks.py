@@ -1,7 +1,8 @@
 #!/usr/bin/python3
 """Makes the workbooks of tests/data/xls that no spreadsheet program saved for us.
 
-Needs python3-xlwt. The files are kept, so this is only for changing them.
+Needs python3-xlwt, which nothing else does: the files are kept, so this is only
+for changing them.
 """
 import os
 

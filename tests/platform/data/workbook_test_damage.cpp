@@ -99,11 +99,17 @@ TEST_P(Damage, OfBytesAnywhere) {
   }
 }
 
-TEST_P(Damage, OfTheHead) {
-  for (int variant = 0; variant < 500; ++variant) {
-    Bytes file = original_;
-    Flip(file, 8, 512 - 8);
-    Survive(file);
+TEST_P(Damage, OfEachNumberInTheHead) {
+  constexpr std::uint32_t kExtremes[] = {0,          1,          2,          0x1000,
+                                         0x7FFFFFFF, 0x80000000, 0xFFFFFFFE, 0xFFFFFFFF};
+  for (std::size_t at = 8; at < 128; at += 2) {
+    for (const std::uint32_t extreme : kExtremes) {
+      Bytes file = original_;
+      for (std::size_t i = 0; i < 4; ++i) {
+        file[at + i] = static_cast<std::uint8_t>(extreme >> (8 * i));
+      }
+      Survive(file);
+    }
   }
 }
 
@@ -119,6 +125,60 @@ TEST_P(Damage, OfASectorThatIsOverwrittenByAnother) {
     std::copy_n(from, kSector, at());
     Survive(file);
   }
+}
+
+// A compound file of nothing but a directory in which each entry is the sibling
+// of the one before.
+Bytes ChainedDirectory(std::size_t entries) {
+  constexpr std::size_t kSector = 512;
+  constexpr std::uint32_t kNone = 0xFFFFFFFF;
+  const std::size_t sectors = entries / 4;
+  const std::size_t tables = (sectors + sectors / 127) / 128 + 1;
+  Bytes file((1 + tables + sectors) * kSector);
+  const auto put = [&](std::size_t at, std::uint32_t value) {
+    for (std::size_t i = 0; i < 4; ++i) file[at + i] = static_cast<std::uint8_t>(value >> (8 * i));
+  };
+  put(0x00, 0xE011CFD0);
+  put(0x04, 0xE11AB1A1);
+  put(0x18, 0x0003003E);
+  put(0x1C, 0x0009FFFE);
+  put(0x20, 6);
+  put(0x2C, static_cast<std::uint32_t>(tables));
+  put(0x30, static_cast<std::uint32_t>(tables));
+  put(0x38, 4096);
+  put(0x3C, 0xFFFFFFFE);
+  put(0x44, 0xFFFFFFFE);
+  for (std::size_t i = 0; i < 109; ++i)
+    put(0x4C + 4 * i, i < tables ? static_cast<std::uint32_t>(i) : kNone);
+  for (std::size_t i = 0; i < tables * 128; ++i) {
+    const bool isChained = i >= tables && i + 1 < tables + sectors;
+    put(kSector + 4 * i, isChained ? static_cast<std::uint32_t>(i + 1) : 0xFFFFFFFE);
+  }
+  for (std::size_t i = 0; i < entries; ++i) {
+    const std::size_t at = (1 + tables) * kSector + i * 128;
+    file[at] = 'S';
+    put(at + 0x40, i == 0 ? 0x01050004 : 0x01020004);
+    put(at + 0x44, kNone);
+    put(at + 0x48, i > 0 && i + 1 < entries ? static_cast<std::uint32_t>(i + 1) : kNone);
+    put(at + 0x4C, i == 0 ? 1 : kNone);
+    put(at + 0x74, 0xFFFFFFFE);
+  }
+  return file;
+}
+
+TEST(DamagedDirectory, OfAnyLengthIsReadOrRefusedSoon) {
+  const auto failureOf = [](std::size_t entries) -> std::string {
+    try {
+      OpenWorkbookImage("chained", ChainedDirectory(entries));
+    } catch (const Failure& failure) {
+      return failure.Description();
+    }
+    return "no failure";
+  };
+  EXPECT_EQ(failureOf(4000), "chained: a stream named Workbook or Book expected, none found.");
+  EXPECT_EQ(failureOf(50000),
+            "chained: the compound file that holds the workbook is damaged (its directory has more "
+            "than 8192 entries).");
 }
 
 INSTANTIATE_TEST_SUITE_P(Files, Damage,

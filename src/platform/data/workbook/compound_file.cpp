@@ -13,6 +13,7 @@
 #include <gsf/gsf-infile.h>
 #include <gsf/gsf-input-memory.h>
 
+#include "platform/data/workbook/compound_directory.h"
 #include "platform/runtime/failure.h"
 
 namespace vorlane::platform {
@@ -143,6 +144,7 @@ WorkbookStream ReadWorkbookStream(const std::string& path, std::span<const std::
   if (!IsCompoundFile(file)) {
     FailFile(path, "an .xls workbook expected, but the file is no compound file.");
   }
+  CheckCompoundDirectory(path, file);
   const GPtr<GsfInfile> infile = OpenCompoundFile(path, file);
   for (const char* name : {"Workbook", "Book"}) {
     const GPtr<GsfInput> input = FindStream(path, infile.get(), name);
