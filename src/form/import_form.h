@@ -71,16 +71,16 @@ class ImportForm {
   Services services;
 
   // The session.
-  std::string CurrentCompany;    ///< the company that an import names; empty until found
-  std::string ReportFromDate;    ///< Tally's period, as it wrote it
+  std::string CurrentCompany;  ///< the company that an import names; empty until found
+  std::string ReportFromDate;  ///< Tally's period, as it wrote it
   std::string ReportToDate;
   std::string ReportCurrentDate;
-  std::string DateFormat;        ///< pattern for dates, read at start and at Refresh
-  std::string AmountFormat;      ///< pattern for amounts, from the setting DecimalPlaces
-  bool SilentRun = false;        ///< passes over the questions of Post, and only those
+  std::string DateFormat;    ///< pattern for dates, read at start and at Refresh
+  std::string AmountFormat;  ///< pattern for amounts, from the setting DecimalPlaces
+  bool SilentRun = false;    ///< passes over the questions of Post, and only those
 
   // The source.
-  TabStrip TabSource;            ///< "Excel", "Access", "ODBC", or one of them
+  TabStrip TabSource;  ///< "Excel", "Access", "ODBC", or one of them
   std::string txtFilePath;
   std::string txtMdbPath;
   std::string txtMDBUser;
@@ -92,15 +92,15 @@ class ImportForm {
   // The run.
   ComboBox cmbTableName;
   ComboBox cmbCurrentCompanyList;
-  CheckBox chkSkipMst;           ///< "Ignore if already exists."
-  CheckBox chkChkMst;            ///< "Check Masters before posting Vouchers"
+  CheckBox chkSkipMst;  ///< "Ignore if already exists."
+  CheckBox chkChkMst;   ///< "Check Masters before posting Vouchers"
   bool mnuSaveRVisible = true;
 
   // What is shown.
   DataTab TabData = DataTab::Grid;
   ImportGrid GR1;
   ListedTable lstLedgerTree;
-  std::string panelMsg;          ///< the panels' texts as a user sees them
+  std::string panelMsg;  ///< the panels' texts as a user sees them
   std::string panelStat;
 
   /// Writes to a panel of the status bar, "msg" or "stat"; a text gets nine

@@ -9,9 +9,9 @@
 
 namespace vorlane::gateway {
 
+using platform::NodeType;
 using platform::XmlDocument;
 using platform::XmlNode;
-using platform::NodeType;
 
 namespace {
 

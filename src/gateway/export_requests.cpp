@@ -97,8 +97,7 @@ constexpr std::array<ReportObject, 4> kReportObjects{{
 std::string Definition(std::string_view element, std::string_view equals, std::string_view name) {
   std::string text = "<";
   text.append(element).append(" NAME").append(equals).append("\"").append(name).append("\"");
-  text +=
-      " ISMODIFY=\"No\" ISFIXED=\"No\" ISINITIALIZE=\"No\" ISOPTION=\"No\" ISINTERNAL=\"No\">";
+  text += " ISMODIFY=\"No\" ISFIXED=\"No\" ISINITIALIZE=\"No\" ISOPTION=\"No\" ISINTERNAL=\"No\">";
   return text;
 }
 

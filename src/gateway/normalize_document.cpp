@@ -7,9 +7,9 @@
 
 namespace vorlane::gateway {
 
+using platform::NodeType;
 using platform::XmlDocument;
 using platform::XmlNode;
-using platform::NodeType;
 
 namespace {
 

@@ -50,7 +50,8 @@ void WriteList(gateway::DocumentBuilder& builder, platform::XmlNode* parent, con
 
 /// The names of a master: its own and, when there is one, its alias.
 template <class Rec>
-void WriteNameList(gateway::DocumentBuilder& builder, platform::XmlNode* parent, const Rec& record) {
+void WriteNameList(gateway::DocumentBuilder& builder, platform::XmlNode* parent,
+                   const Rec& record) {
   platform::XmlNode* names = builder.AddElement(parent, "NAME.LIST");
   builder.AddElementIfAny(names, "NAME", record.Name);
   builder.AddElementIfAny(names, "NAME", record.Alias);

@@ -94,20 +94,19 @@ void FillCostCentre(GridReader& row, CostCentreRec& centre) {
 
 // "COST CATEGORIWS" is how the word goes out, so Tally never finds a cost
 // category and none is ever skipped. The last two borrow the groups' words.
-constexpr MasterLoop<GroupRec> kLedgerGroups{
-    "GROUPS", "Processed Ledger Groups: ", "F01-0016", FillGroup, WriteGroup};
-constexpr MasterLoop<UnitRec> kUnits{
-    "UNITS", "Processed Units: ", "F01-0018", FillUnit, WriteUnit};
-constexpr MasterLoop<GodownRec> kGodowns{
-    "GODOWNS", "Processed Godowns: ", "F01-0019", FillGodown, WriteGodown};
+constexpr MasterLoop<GroupRec> kLedgerGroups{"GROUPS", "Processed Ledger Groups: ", "F01-0016",
+                                             FillGroup, WriteGroup};
+constexpr MasterLoop<UnitRec> kUnits{"UNITS", "Processed Units: ", "F01-0018", FillUnit, WriteUnit};
+constexpr MasterLoop<GodownRec> kGodowns{"GODOWNS", "Processed Godowns: ", "F01-0019", FillGodown,
+                                         WriteGodown};
 constexpr MasterLoop<StockGroupRec> kStockGroups{
     "STOCK GROUPS", "Processed Stock Groups: ", "F01-0020", FillStockGroup, WriteStockGroup};
-constexpr MasterLoop<StockCategoryRec> kStockCategories{
-    "STOCK CATEGORIES", "Processed Stock Categories: ", "F01-0021", FillStockCategory,
-    WriteStockCategory};
-constexpr MasterLoop<CostCategoryRec> kCostCategories{
-    "COST CATEGORIWS", "Processed Ledger Groups: ", "F01-0028", FillCostCategory,
-    WriteCostCategory};
+constexpr MasterLoop<StockCategoryRec> kStockCategories{"STOCK CATEGORIES",
+                                                        "Processed Stock Categories: ", "F01-0021",
+                                                        FillStockCategory, WriteStockCategory};
+constexpr MasterLoop<CostCategoryRec> kCostCategories{"COST CATEGORIWS",
+                                                      "Processed Ledger Groups: ", "F01-0028",
+                                                      FillCostCategory, WriteCostCategory};
 constexpr MasterLoop<CostCentreRec> kCostCentres{
     "COST CENTRES", "Processed Ledger Groups: ", "F01-0030", FillCostCentre, WriteCostCentre};
 

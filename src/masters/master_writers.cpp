@@ -118,9 +118,9 @@ void WriteList(DocumentBuilder& builder, XmlNode* parent, const MasterList& list
     if (rows[row].empty() || rows[row].front().empty()) continue;
     XmlNode* element = builder.AddElement(parent, list.list);
     for (std::size_t column = 0; column < list.columns.size(); ++column) {
-      builder.AddElement(element, list.columns[column],
-                         column < rows[row].size() ? std::string_view(rows[row][column])
-                                                   : std::string_view());
+      builder.AddElement(
+          element, list.columns[column],
+          column < rows[row].size() ? std::string_view(rows[row][column]) : std::string_view());
     }
   }
 }

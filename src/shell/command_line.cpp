@@ -72,8 +72,9 @@ std::string RebuildCommandLine(int argc, const char* const* argv) {
 }
 
 RunOrder::RunOrder(std::string_view commandLine) {
-  std::string* const values[] = {&sourceKind, &sourcePath,    &importType, &company,  &reportPath,
-                                 &serverAddress, &portNo, &postOrder,  &odbcUser, &odbcPassword};
+  std::string* const values[] = {&sourceKind, &sourcePath,    &importType, &company,
+                                 &reportPath, &serverAddress, &portNo,     &postOrder,
+                                 &odbcUser,   &odbcPassword};
   std::int16_t index = 0;
   for (std::string* value : values) {
     *value = platform::ReplaceAll(GetArgument(commandLine, ++index), "'", "");

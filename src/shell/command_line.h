@@ -30,7 +30,7 @@ struct RunOrder {
   std::string reportPath;
   std::string serverAddress;
   std::string portNo;
-  std::string postOrder;   ///< "POST", "POSTSILENT" in any case
+  std::string postOrder;  ///< "POST", "POSTSILENT" in any case
   std::string odbcUser;
   std::string odbcPassword;
 };

@@ -29,8 +29,8 @@ std::string RowNameColumn(const ImportGrid& grid) {
 
 /// The present time as a part of a file's name.
 std::string Stamp(const ImportForm& importForm) {
-  std::string stamp = platform::FormatPattern("dd-MM-yyyy hh:nn:ss")
-                          .ApplyDate(importForm.services.clock.Now());
+  std::string stamp =
+      platform::FormatPattern("dd-MM-yyyy hh:nn:ss").ApplyDate(importForm.services.clock.Now());
   stamp = platform::ReplaceAll(std::move(stamp), "/", "-");
   return platform::ReplaceAll(std::move(stamp), ":", ".");
 }
@@ -63,9 +63,9 @@ void mnuSaveR(ImportForm& importForm) {
     SaveReport(importForm, ReportPath(importForm));
     // The stamp is taken again for the box, so it can tell a second later than
     // the file's name.
-    importForm.ShowBox({"Report has been saved at following location.\r\n" +
-                            ReportPath(importForm).string(),
-                        "", form::BoxIcon::None});
+    importForm.ShowBox(
+        {"Report has been saved at following location.\r\n" + ReportPath(importForm).string(), "",
+         form::BoxIcon::None});
   });
 }
 

@@ -64,7 +64,7 @@ enum Listing : std::uint8_t {
 /// Which row loaders accept a type.
 enum Accepting : std::uint8_t {
   kRefused = 0,
-  kByExcel = 1,  ///< workbooks, CSV and TXT files
+  kByExcel = 1,   ///< workbooks, CSV and TXT files
   kByAccess = 2,  ///< Access and ODBC
   kByAll = 3,
 };
@@ -72,18 +72,18 @@ enum Accepting : std::uint8_t {
 /// How the loaders read a type's rows.
 enum Reading : std::uint8_t {
   kAsItStands = 0,
-  kOrdered = 1,         ///< "Order By SrNo"
-  kFilledDown = 2,      ///< blanks filled from above, dates and amounts formatted
+  kOrdered = 1,     ///< "Order By SrNo"
+  kFilledDown = 2,  ///< blanks filled from above, dates and amounts formatted
   kOrderedFilled = 3,
-  kOrderedExcel = 4,    ///< ordered by the workbook loader only
-  kRegister = 8,        ///< the register route, with its map
+  kOrderedExcel = 4,  ///< ordered by the workbook loader only
+  kRegister = 8,      ///< the register route, with its map
 };
 
 /// One import type: what its tables are called, who lists it, who loads it and
 /// how, and what posts it. The list builders, the loaders and the dispatcher all
 /// read this table, and where they disagree about a type the columns show it.
 struct ImportType {
-  std::string_view key;  ///< the entry of cmbTableName, upper case
+  std::string_view key;                        ///< the entry of cmbTableName, upper case
   std::array<std::string_view, 3> tableNames;  ///< upper case, without "$"
   Listing listing;
   Accepting accepting;

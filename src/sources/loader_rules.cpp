@@ -10,9 +10,9 @@ constexpr std::string_view kAllNumbers[] = {
     "Debit",      "Credit", "AdjAmount",      "Quantity",    "Rate",         "CostAmount",
     "BankAmount", "Amount", "OpeningBalance", "OpeningRate", "OpeningValue", "BatchQuantity"};
 constexpr std::span<const std::string_view> kFirstNumbers{kAllNumbers, 8};
-constexpr std::string_view kCopyNumbers[] = {"DEBIT",      "CREDIT",     "RATE",
-                                             "ADJAMOUNT",  "BANKAMOUNT", "COSTAMOUNT",
-                                             "AMOUNT",     "QUANTITY",   "BATCHQUANTITY"};
+constexpr std::string_view kCopyNumbers[] = {"DEBIT",     "CREDIT",     "RATE",
+                                             "ADJAMOUNT", "BANKAMOUNT", "COSTAMOUNT",
+                                             "AMOUNT",    "QUANTITY",   "BATCHQUANTITY"};
 
 }  // namespace
 

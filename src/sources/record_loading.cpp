@@ -39,8 +39,8 @@ void AddEmptyRow(ImportForm& importForm) {
 void Refuse(ImportForm& importForm, const std::string& sheet) {
   importForm.GR1.Clear();
   // Two blanks stand in front of "<" and behind ">", for every kind of source.
-  const std::string text = "Sheet named as  <" + UpperCase(sheet) +
-                           ">  not found in the specified Excel file.";
+  const std::string text =
+      "Sheet named as  <" + UpperCase(sheet) + ">  not found in the specified Excel file.";
   importForm.ShowBox({text, "", BoxIcon::None});
   importForm.stat("msg", text);
   AddEmptyRow(importForm);
@@ -178,9 +178,10 @@ void LoadRows(ImportForm& importForm, const Load& load) {
                         formats::GetCustomFormatName(importForm.services.store, key) == key;
   if (!accepted && !isFormat) {
     if (type && type->reading & kRegister) {
-      throw platform::Failure(platform::failure_number::kFeatureNotBuilt, "LoadRows",
-                              "Voucher registers are not built into this version yet; the register " +
-                                  load.sheet + " was not loaded.");
+      throw platform::Failure(
+          platform::failure_number::kFeatureNotBuilt, "LoadRows",
+          "Voucher registers are not built into this version yet; the register " + load.sheet +
+              " was not loaded.");
     }
     return Refuse(importForm, load.sheet);
   }
@@ -239,9 +240,9 @@ void LoadExcelRows(ImportForm& importForm, const std::string& sheet) {
       return AddEmptyRow(importForm);
     }
     const bool isText = HasExtension(path, ".CSV") || HasExtension(path, ".TXT");
-    LoadRows(importForm, {kExcelLoader, sheet,
-                          [&] { return isText ? FileName(path) : sheet + "$"; },
-                          [&] { return OpenFileForRows(path); }});
+    LoadRows(importForm,
+             {kExcelLoader, sheet, [&] { return isText ? FileName(path) : sheet + "$"; },
+              [&] { return OpenFileForRows(path); }});
   });
 }
 

@@ -35,11 +35,20 @@ std::string EscapeCell(std::string_view text) {
   escaped.reserve(text.size());
   for (const char character : text) {
     switch (character) {
-      case '\t': escaped += "\\t"; break;
-      case '\n': escaped += "\\n"; break;
-      case '\r': escaped += "\\r"; break;
-      case '\\': escaped += "\\\\"; break;
-      default: escaped += character;
+      case '\t':
+        escaped += "\\t";
+        break;
+      case '\n':
+        escaped += "\\n";
+        break;
+      case '\r':
+        escaped += "\\r";
+        break;
+      case '\\':
+        escaped += "\\\\";
+        break;
+      default:
+        escaped += character;
     }
   }
   return escaped;

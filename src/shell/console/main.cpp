@@ -1,6 +1,6 @@
-#include <unistd.h>
-
 #include <iostream>
+
+#include <unistd.h>
 
 #include "shell/application.h"
 #include "shell/command_line.h"
