@@ -88,7 +88,7 @@ Decimal ToDecimal(double value) {
   const double size = std::abs(value);
   char text[40];
   // The shortest form is cheap, and when it has 15 digits or less it is also
-  // what rounding to 15 digits would give.
+  // what rounding to 15 digits would give (all but the tiniest numbers).
   const char* end =
       std::to_chars(text, text + sizeof text, size, std::chars_format::scientific).ptr;
   Decimal decimal = FromScientific(text, end);
