@@ -6,6 +6,7 @@
 #include "masters/master_loops.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
+#include "posting/voucher_loops.h"
 
 namespace vorlane::shell {
 
@@ -36,6 +37,7 @@ constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
     {Loop::PostLedgerGroups, masters::PostLedgerGroups},
     {Loop::PostStockCategories, masters::PostStockCategories},
     {Loop::PostStockGroups, masters::PostStockGroups},
+    {Loop::PostTransaction, posting::PostTransaction},
     {Loop::PostUnits, masters::PostUnits},
 };
 
