@@ -31,13 +31,13 @@ enum class Fault {
   CutHead,          ///< it closes after `cutAfter` bytes of the head
   CloseUnanswered,  ///< it closes after the request was read, without an answer
   Reset,            ///< it is reset after the request was read
-  Stall,            ///< nothing is sent; the connection stays open until the server stops
+  Stall,            ///< nothing is sent until the client gives up or the server stops
 };
 
 struct Answer {
   int status = 200;
   std::string contentType = "text/xml";
-  std::string body;
+  std::string body = {};
   Fault fault = Fault::None;
   std::size_t cutAfter = 0;
   std::chrono::milliseconds delay{0};  ///< waited before the first byte of the answer
@@ -46,19 +46,23 @@ struct Answer {
 /// A small HTTP server on the loopback address, one request at a time and one
 /// request a connection, as the product's gateway serves them. Runs on a thread
 /// of its own and stops with the object, also in the middle of a stall.
+/// It refuses by itself, without asking the handler: what is no HTTP (400), a
+/// chunked body (411), a body over 256 MB (413), a head over 64 KB (431).
 class HttpServer {
  public:
   using Handler = std::function<Answer(const Request&)>;
 
-  /// Listens on 127.0.0.1 at `port`, 0 for a free one; fails when it is taken.
-  /// The handler is called on the server's thread, one request after the other.
+  /// Listens on 127.0.0.1 at `port`, 0 for a free one; when it is taken, a
+  /// std::system_error says so. The handler is called on the server's thread,
+  /// one request after the other; its exception becomes an answer of status 500.
   explicit HttpServer(Handler handler, std::uint16_t port = 0);
   ~HttpServer();
   HttpServer(const HttpServer&) = delete;
   HttpServer& operator=(const HttpServer&) = delete;
 
   std::uint16_t Port() const;
-  /// Ends listening and every open connection, then waits for the thread.
+  /// Ends listening and the open connection, then waits for the thread; a
+  /// handler that is at work is not interrupted. Further calls do nothing.
   void Stop();
 
  private:

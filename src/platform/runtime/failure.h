@@ -47,8 +47,7 @@ class Failure : public std::exception {
   /// `source` is the part of the program or library that failed, `description`
   /// a sentence that names what was expected, what was found and where.
   /// `lastSystemError` is an errno value, 0 when the system had no part in it.
-  Failure(std::int32_t number, std::string source, std::string description,
-          int lastSystemError = 0)
+  Failure(std::int32_t number, std::string source, std::string description, int lastSystemError = 0)
       : number_(number),
         source_(std::move(source)),
         description_(std::move(description)),

@@ -13,6 +13,7 @@
 #include <gsf/gsf-infile.h>
 #include <gsf/gsf-input-memory.h>
 
+#include "platform/data/workbook/compound_directory.h"
 #include "platform/runtime/failure.h"
 
 namespace vorlane::platform {
@@ -33,6 +34,10 @@ using GPtr = std::unique_ptr<T, Unref>;
   throw Failure(failure_number::kProviderError, "Workbook", path + ": " + fault);
 }
 
+[[noreturn]] void FailStream(const std::string& path, const char* name, const std::string& fault) {
+  FailFile(path, std::string("stream ") + name + ": " + fault);
+}
+
 [[noreturn]] void FailSystem(const std::string& path, int error) {
   const std::int32_t number = error == ENOENT   ? failure_number::kFileNotFound
                               : error == EACCES ? failure_number::kPermissionDenied
@@ -43,17 +48,28 @@ using GPtr = std::unique_ptr<T, Unref>;
 
 // The library tells of damage on standard error besides in its answers; there it
 // would stand between the program's own lines.
-void SilenceLibrary() {
-  static const bool done = [] {
-    for (const char* domain : {"libgsf", "libgsf:msole"}) {
-      g_log_set_handler(
-          domain, static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK),
+class QuietLibrary {
+ public:
+  QuietLibrary() {
+    for (std::size_t i = 0; i < kDomains.size(); ++i) {
+      handlers_[i] = g_log_set_handler(
+          kDomains[i], static_cast<GLogLevelFlags>(G_LOG_LEVEL_MASK),
           [](const gchar*, GLogLevelFlags, const gchar*, gpointer) {}, nullptr);
     }
-    return true;
-  }();
-  static_cast<void>(done);
-}
+  }
+  ~QuietLibrary() {
+    for (std::size_t i = 0; i < kDomains.size(); ++i) {
+      g_log_remove_handler(kDomains[i], handlers_[i]);
+    }
+  }
+  QuietLibrary(const QuietLibrary&) = delete;
+  QuietLibrary& operator=(const QuietLibrary&) = delete;
+
+ private:
+  // Some of its messages name no domain.
+  static constexpr std::array<const char*, 3> kDomains = {nullptr, "libgsf", "libgsf:msole"};
+  std::array<guint, kDomains.size()> handlers_{};
+};
 
 GPtr<GsfInfile> OpenCompoundFile(const std::string& path, std::span<const std::uint8_t> file) {
   const GPtr<GsfInput> input(
@@ -66,17 +82,35 @@ GPtr<GsfInfile> OpenCompoundFile(const std::string& path, std::span<const std::u
   FailFile(path, "the compound file that holds the workbook is damaged (" + reason + ").");
 }
 
-GPtr<GsfInput> FindStream(GsfInfile* infile, const char* name) {
+// Finds a stream of that name in any letter case; null when there is none.
+GPtr<GsfInput> FindStream(const std::string& path, GsfInfile* infile, const char* name) {
   const int count = gsf_infile_num_children(infile);
   for (int i = 0; i < count; ++i) {
     const char* childName = gsf_infile_name_by_index(infile, i);
     if (childName == nullptr || g_ascii_strcasecmp(childName, name) != 0) continue;
     GPtr<GsfInput> child(gsf_infile_child_by_index(infile, i));
-    const bool isStorage = child && GSF_IS_INFILE(child.get()) &&
-                           gsf_infile_num_children(GSF_INFILE(child.get())) >= 0;
-    if (child && !isStorage) return child;
+    if (!child) FailStream(path, name, "its chain of blocks is damaged.");
+    const bool isStorage =
+        GSF_IS_INFILE(child.get()) && gsf_infile_num_children(GSF_INFILE(child.get())) >= 0;
+    if (!isStorage) return child;
   }
   return nullptr;
+}
+
+WorkbookStream ReadStream(const std::string& path, GsfInput* input, const char* name,
+                          std::size_t fileSize) {
+  WorkbookStream stream{path + ": stream " + name, {}};
+  const gsf_off_t size = gsf_input_size(input);
+  if (size < 0 || static_cast<std::uint64_t>(size) > fileSize) {
+    FailStream(path, name,
+               std::to_string(size) + " bytes expected, the whole file has " +
+                   std::to_string(fileSize) + ".");
+  }
+  stream.bytes.resize(static_cast<std::size_t>(size));
+  if (size > 0 && gsf_input_read(input, stream.bytes.size(), stream.bytes.data()) == nullptr) {
+    FailStream(path, name, std::to_string(size) + " bytes expected, the file ends ahead of them.");
+  }
+  return stream;
 }
 
 }  // namespace
@@ -106,28 +140,15 @@ bool IsCompoundFile(std::span<const std::uint8_t> file) {
 }
 
 WorkbookStream ReadWorkbookStream(const std::string& path, std::span<const std::uint8_t> file) {
-  SilenceLibrary();
+  const QuietLibrary quiet;
   if (!IsCompoundFile(file)) {
     FailFile(path, "an .xls workbook expected, but the file is no compound file.");
   }
+  CheckCompoundDirectory(path, file);
   const GPtr<GsfInfile> infile = OpenCompoundFile(path, file);
   for (const char* name : {"Workbook", "Book"}) {
-    const GPtr<GsfInput> input = FindStream(infile.get(), name);
-    if (!input) continue;
-    WorkbookStream stream{path + ": stream " + name, {}};
-    const gsf_off_t size = gsf_input_size(input.get());
-    if (size < 0 || static_cast<std::uint64_t>(size) > file.size()) {
-      FailFile(path, std::string("stream ") + name + ": " + std::to_string(size) +
-                         " bytes expected, the whole file has " + std::to_string(file.size()) +
-                         ".");
-    }
-    stream.bytes.resize(static_cast<std::size_t>(size));
-    if (size > 0 &&
-        gsf_input_read(input.get(), stream.bytes.size(), stream.bytes.data()) == nullptr) {
-      FailFile(path, std::string("stream ") + name + ": the file ends ahead of the stream's " +
-                         std::to_string(size) + " bytes.");
-    }
-    return stream;
+    const GPtr<GsfInput> input = FindStream(path, infile.get(), name);
+    if (input) return ReadStream(path, input.get(), name, file.size());
   }
   FailFile(path, "a stream named Workbook or Book expected, none found.");
 }

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <list>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "practice/master_kinds.h"
+
+namespace vorlane::practice {
+
+struct Master {
+  std::string name;
+  std::string alias;   ///< empty: none
+  std::string parent;  ///< as it was sent; empty: the root
+};
+
+/// The masters of one company. Names and aliases of a kind are one set of words;
+/// they match regardless of case and outer blanks.
+class CompanyBooks {
+ public:
+  /// Opens the books with the predefined masters.
+  explicit CompanyBooks(std::string name);
+  CompanyBooks(CompanyBooks&&) = default;
+  CompanyBooks& operator=(CompanyBooks&&) = default;
+  // A copy's words would lead to the masters of the original.
+  CompanyBooks(const CompanyBooks&) = delete;
+  CompanyBooks& operator=(const CompanyBooks&) = delete;
+
+  const std::string& Name() const { return name_; }
+
+  /// By name or alias; null when absent. A pointer lives until the master goes.
+  const Master* Find(Kind kind, std::string_view name) const;
+  std::size_t Count(Kind kind) const { return ShelfOf(kind).masters.size(); }
+
+  /// Stores a master in place of the one called `oldName`, or as a new one when
+  /// there is none. A word that another master has already stays with that one.
+  void Put(Kind kind, std::string_view oldName, Master master);
+  /// False when there is none of that name.
+  bool Remove(Kind kind, std::string_view name);
+
+ private:
+  struct Shelf {
+    std::list<Master> masters;
+    std::unordered_map<std::string, std::list<Master>::iterator> words;
+  };
+  const Shelf& ShelfOf(Kind kind) const { return shelves_[static_cast<std::size_t>(kind)]; }
+  Shelf& ShelfOf(Kind kind) { return shelves_[static_cast<std::size_t>(kind)]; }
+  static void ForgetWords(Shelf& shelf, std::list<Master>::iterator master);
+
+  std::string name_;
+  std::array<Shelf, kKindCount> shelves_;
+};
+
+/// The companies that are loaded; they last as long as the program runs.
+class Books {
+ public:
+  /// None at all is a product that runs with no company open.
+  explicit Books(const std::vector<std::string>& companies);
+
+  const std::vector<CompanyBooks>& Companies() const { return companies_; }
+  /// Null when no such company is loaded.
+  CompanyBooks* Find(std::string_view name);
+  /// The company on the screen, the first one; null when none is loaded.
+  CompanyBooks* Current() { return companies_.empty() ? nullptr : &companies_.front(); }
+
+ private:
+  std::vector<CompanyBooks> companies_;
+};
+
+}  // namespace vorlane::practice

@@ -1,0 +1,178 @@
+#include "practice/gateway.h"
+
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+#include <optional>
+#include <utility>
+
+#include "platform/runtime/failure.h"
+#include "practice/answers.h"
+#include "practice/names.h"
+#include "practice/requests.h"
+
+namespace vorlane::practice {
+namespace {
+
+using platform::Failure;
+
+std::string UnknownReport(const std::string& name) {
+  return RefusalAnswer("Could not find Report '" + name + "'!");
+}
+
+std::string AnswerImport(const ParsedRequest& request, Books& books) {
+  const bool old = request.kind == RequestKind::OldImport;
+  if (!SameName(request.id, "All Masters") && !SameName(request.id, "Vouchers"))
+    return UnknownReport(request.id);
+  CompanyBooks* company = request.company.empty() ? books.Current() : books.Find(request.company);
+  if (company == nullptr)
+    return RefusalAnswer(request.company.empty()
+                             ? "Could not find Company ''"
+                             : "Could not set 'SVCurrentCompany' to '" + request.company + "'");
+  ImportCounts counts;
+  const auto data = request.document.SelectNodes(old ? "//REQUESTDATA" : "//DATA");
+  if (!data.empty()) counts = ImportMessages(*data.front(), *company);
+  return old ? OldImportAnswer(counts) : NewImportAnswer(counts);
+}
+
+// A collection is one of companies when the query defines it so.
+bool IsCompanyCollection(const ParsedRequest& request) {
+  for (const platform::XmlNode* node : request.document.SelectNodes("//COLLECTION")) {
+    if (!SameName(node->Attribute("NAME").value_or(""), request.id)) continue;
+    for (const platform::XmlNode* child : node->Children())
+      if (child->NodeName() == "TYPE" && SameName(child->Text(), "Company")) return true;
+  }
+  return false;
+}
+
+std::string AnswerObject(const ParsedRequest& request, Books& books) {
+  const MasterKind* kind = FindKindBySubtype(request.subtype);
+  if (kind == nullptr) return MissingObjectAnswer(request.subtype, request.id);
+  const CompanyBooks* company =
+      request.company.empty() ? books.Current() : books.Find(request.company);
+  const Master* master = company == nullptr ? nullptr : company->Find(kind->kind, request.id);
+  return master == nullptr ? MissingObjectAnswer(kind->noun, request.id)
+                           : ObjectAnswer(*kind, *master);
+}
+
+std::string AnswerQuery(const ParsedRequest& request, Books& books) {
+  switch (request.kind) {
+    case RequestKind::OldImport:
+    case RequestKind::NewImport:
+      return AnswerImport(request, books);
+    case RequestKind::OldReport:
+      if (SameName(request.id, "List of Companies")) return CompanyReportAnswer(books);
+      return UnknownReport(request.id);
+    case RequestKind::Report:
+      if (SameName(request.id, "DynamicCollReport")) return SessionReportAnswer(books.Current());
+      return UnknownReport(request.id);
+    case RequestKind::Collection:
+      if (IsCompanyCollection(request)) return CompanyCollectionAnswer(books);
+      return RefusalAnswer("Could not find Collection '" + request.id + "'!");
+    case RequestKind::Object:
+      return AnswerObject(request, books);
+    case RequestKind::Unknown:
+      break;
+  }
+  return UnknownRequestAnswer();
+}
+
+std::optional<ScriptedTurn> TakeTurn(std::deque<ScriptedTurn>& turns) {
+  if (turns.empty()) return std::nullopt;
+  ScriptedTurn turn = std::move(turns.front());
+  turns.pop_front();
+  return turn;
+}
+
+std::filesystem::path RecordPath(const std::filesystem::path& folder, int number,
+                                 const char* part) {
+  char name[32];
+  std::snprintf(name, sizeof name, "%04d-%s.xml", number, part);
+  return folder / name;
+}
+
+void WriteFile(const std::filesystem::path& path, const std::string& text) {
+  std::ofstream file(path, std::ios::binary);
+  file << text;
+  file.close();
+  if (!file) std::cerr << "The exchange could not be written to " << path.string() << "\n";
+}
+
+}  // namespace
+
+PracticeGateway::PracticeGateway(const std::vector<std::string>& companies) : books_(companies) {}
+
+Answer PracticeGateway::Handle(const Request& request) {
+  const std::lock_guard lock(mutex_);
+  Answer answer = Respond(request);
+  if (!folder_.empty()) Record(request.body, answer.body);
+  if (keepExchanges_) exchanges_.push_back({request, answer});
+  return answer;
+}
+
+Answer PracticeGateway::Respond(const Request& request) {
+  std::optional<ScriptedTurn> turn;
+  if (LooksLikeImport(request.body)) turn = TakeTurn(importTurns_);
+  if (!turn) turn = TakeTurn(turns_);
+  if (!turn) turn = ScriptedTurn{{}, ScriptedTurn::Body::Real};
+  if (turn->body == ScriptedTurn::Body::Real) turn->answer.body = RealBody(request);
+  return std::move(turn->answer);
+}
+
+std::string PracticeGateway::RealBody(const Request& request) {
+  // A GET is asked for a sign of life alone, whatever it carries.
+  if (request.method == "GET") return BannerAnswer();
+  if (request.method != "POST") return UnknownRequestAnswer();
+  if (TrimName(request.body).empty()) return BannerAnswer();
+  return AnswerQuery(ParseRequest(request.body), books_);
+}
+
+void PracticeGateway::Script(std::vector<ScriptedTurn> turns) {
+  const std::lock_guard lock(mutex_);
+  for (ScriptedTurn& turn : turns) turns_.push_back(std::move(turn));
+}
+
+void PracticeGateway::ScriptImports(std::vector<ScriptedTurn> turns) {
+  const std::lock_guard lock(mutex_);
+  for (ScriptedTurn& turn : turns) importTurns_.push_back(std::move(turn));
+}
+
+void PracticeGateway::KeepExchanges(bool keep) {
+  const std::lock_guard lock(mutex_);
+  keepExchanges_ = keep;
+}
+
+std::vector<Exchange> PracticeGateway::Exchanges() const {
+  const std::lock_guard lock(mutex_);
+  return exchanges_;
+}
+
+std::vector<std::string> PracticeGateway::Imports() const {
+  const std::lock_guard lock(mutex_);
+  std::vector<std::string> imports;
+  for (const Exchange& exchange : exchanges_)
+    if (LooksLikeImport(exchange.request.body)) imports.push_back(exchange.request.body);
+  return imports;
+}
+
+void PracticeGateway::RecordTo(const std::filesystem::path& folder) {
+  const std::lock_guard lock(mutex_);
+  std::error_code error;
+  std::filesystem::create_directories(folder, error);
+  if (error || !std::filesystem::is_directory(folder, error))
+    throw Failure(platform::failure_number::kPathFileAccess, "practice gateway",
+                  "A folder for the exchanges was expected, but '" + folder.string() +
+                      "' cannot be made: " + error.message(),
+                  error.value());
+  recorded_ = 0;
+  while (std::filesystem::exists(RecordPath(folder, recorded_ + 1, "request"), error)) ++recorded_;
+  folder_ = folder;
+}
+
+void PracticeGateway::Record(const std::string& request, const std::string& answer) {
+  ++recorded_;
+  WriteFile(RecordPath(folder_, recorded_, "request"), request);
+  WriteFile(RecordPath(folder_, recorded_, "answer"), answer);
+}
+
+}  // namespace vorlane::practice

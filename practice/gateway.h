@@ -1,0 +1,92 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <filesystem>
+#include <mutex>
+#include <string>
+#include <vector>
+
+#include "practice/books.h"
+#include "practice/http_server.h"
+
+namespace vorlane::practice {
+
+/// A request with what it got.
+struct Exchange {
+  Request request;
+  Answer answer;
+};
+
+/// A turn of the gateway that a test lays down beforehand.
+struct ScriptedTurn {
+  enum class Body {
+    Scripted,  ///< `answer` goes out, the request is not handled
+    Real,      ///< the request is handled; `answer` gives all but the body
+  };
+  Answer answer;
+  Body body = Body::Scripted;
+};
+
+/// Plays the product's gateway on books that it keeps in memory. Safe to use from
+/// several threads.
+class PracticeGateway {
+ public:
+  explicit PracticeGateway(const std::vector<std::string>& companies);
+
+  Answer Handle(const Request& request);
+
+  /// Lays down the turns for the next requests of any kind, one each, behind
+  /// those laid down before.
+  void Script(std::vector<ScriptedTurn> turns);
+  /// The same for the next imports alone; other requests pass by. When both
+  /// kinds are waiting, an import takes the one that is for imports.
+  void ScriptImports(std::vector<ScriptedTurn> turns);
+
+  /// Whether exchanges are kept for Exchanges and Imports, as they are at first.
+  /// A gateway that runs for days had better not.
+  void KeepExchanges(bool keep);
+  /// All exchanges so far, also those whose answer failed on the wire.
+  std::vector<Exchange> Exchanges() const;
+  /// The bodies of the imports among them.
+  std::vector<std::string> Imports() const;
+
+  /// From now on writes each request's body and its answer as NNNN-request.xml
+  /// and NNNN-answer.xml, numbered behind those that the folder has. Makes the
+  /// folder; fails when it cannot be made. A file that cannot be written later
+  /// is told on the standard error, the answer goes out all the same.
+  void RecordTo(const std::filesystem::path& folder);
+
+ private:
+  Answer Respond(const Request& request);
+  std::string RealBody(const Request& request);
+  void Record(const std::string& request, const std::string& answer);
+
+  mutable std::mutex mutex_;
+  Books books_;
+  std::deque<ScriptedTurn> turns_;
+  std::deque<ScriptedTurn> importTurns_;
+  bool keepExchanges_ = true;
+  std::vector<Exchange> exchanges_;
+  std::filesystem::path folder_;  // empty: nothing is recorded
+  int recorded_ = 0;
+};
+
+/// The gateway behind a server of its own.
+class PracticeServer {
+ public:
+  explicit PracticeServer(const std::vector<std::string>& companies = {"Practice Traders"},
+                          std::uint16_t port = 0)
+      : gateway_(companies),
+        server_([this](const Request& request) { return gateway_.Handle(request); }, port) {}
+
+  PracticeGateway& Gateway() { return gateway_; }
+  std::uint16_t Port() const { return server_.Port(); }
+  void Stop() { server_.Stop(); }
+
+ private:
+  PracticeGateway gateway_;
+  HttpServer server_;
+};
+
+}  // namespace vorlane::practice

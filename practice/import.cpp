@@ -1,0 +1,148 @@
+#include "practice/import.h"
+
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "practice/names.h"
+
+namespace vorlane::practice {
+namespace {
+
+using platform::NodeType;
+using platform::XmlNode;
+
+const XmlNode* FindChild(const XmlNode& node, std::string_view name) {
+  for (const XmlNode* child : node.Children())
+    if (child->Type() == NodeType::Element && child->NodeName() == name) return child;
+  return nullptr;
+}
+
+// The text of a child element; nothing when there is no such child.
+std::optional<std::string> ChildText(const XmlNode& node, std::string_view name) {
+  const XmlNode* child = FindChild(node, name);
+  if (child == nullptr) return std::nullopt;
+  return child->Text();
+}
+
+// Reserved values are announced by "&#4; ", which is no part of their name.
+std::string WithoutReservedMark(std::string text) {
+  constexpr std::string_view kMark = "&#4;";
+  if (text.starts_with(kMark)) text.erase(0, kMark.size());
+  return std::string(TrimName(text));
+}
+
+// The texts of NAME.LIST, which newer documents put into LANGUAGENAME.LIST: the
+// name, then the alias.
+std::vector<std::string> ListedNames(const XmlNode& object) {
+  const XmlNode* list = FindChild(object, "NAME.LIST");
+  if (list == nullptr)
+    if (const XmlNode* language = FindChild(object, "LANGUAGENAME.LIST"))
+      list = FindChild(*language, "NAME.LIST");
+  std::vector<std::string> names;
+  if (list == nullptr) return names;
+  for (const XmlNode* child : list->Children())
+    if (child->NodeName() == "NAME") names.push_back(child->Text());
+  return names;
+}
+
+enum class Outcome { Created, Altered, Deleted };
+
+// What came of one object; a text is the line that refuses it.
+struct Result {
+  Outcome outcome = Outcome::Created;
+  std::string lineError;
+};
+
+Result Refused(std::string lineError) { return {Outcome::Created, std::move(lineError)}; }
+
+std::string DoesNotExist(const MasterKind& kind, std::string_view name) {
+  return std::string(kind.noun) + " '" + std::string(name) + "' does not exist!";
+}
+
+bool IsNeeded(Need need, const XmlNode& object) {
+  if (need != Need::IfCompound) return need == Need::Required;
+  return SameName(ChildText(object, "ISSIMPLEUNIT").value_or("Yes"), "No");
+}
+
+// The line that names the first master which `object` refers to in vain; empty
+// when all are there.
+std::string FindMissingReference(const XmlNode& object, const MasterKind& kind, bool isNew,
+                                 const CompanyBooks& company) {
+  for (const Reference& reference : kind.references) {
+    if (reference.tag.empty()) break;
+    const std::optional<std::string> text = ChildText(object, reference.tag);
+    // A master that is there keeps what an alteration does not mention.
+    if (!text && !isNew) continue;
+    const std::string name = WithoutReservedMark(text.value_or(""));
+    const bool none = name.empty() || SameName(name, "Not Applicable");
+    if (none ? IsNeeded(reference.need, object) : company.Find(reference.kind, name) == nullptr)
+      return DoesNotExist(RowOf(reference.kind), name);
+  }
+  return {};
+}
+
+Result ImportMaster(const XmlNode& object, const MasterKind& kind, CompanyBooks& company) {
+  const std::vector<std::string> names = ListedNames(object);
+  const std::string ownName = ChildText(object, "NAME").value_or(names.empty() ? "" : names[0]);
+  std::string name(TrimName(object.Attribute("NAME").value_or("")));
+  if (name.empty()) name = ownName;
+  if (name.empty()) return Refused(std::string(kind.noun) + " name is missing!");
+
+  const std::string action = FoldName(object.Attribute("ACTION").value_or("Create"));
+  const Master* known = company.Find(kind.kind, name);
+  if (action == "delete") {
+    if (known == nullptr) return Refused(DoesNotExist(kind, name));
+    company.Remove(kind.kind, name);
+    return {Outcome::Deleted, {}};
+  }
+
+  std::string missing = FindMissingReference(object, kind, known == nullptr, company);
+  if (!missing.empty()) return Refused(std::move(missing));
+  Master master = known == nullptr ? Master{name, {}, {}} : *known;
+  if (action == "alter" && !ownName.empty()) master.name = ownName;
+  if (names.size() > 1) master.alias = names[1];
+  if (const auto parent = ChildText(object, "PARENT")) master.parent = *parent;
+  const Outcome outcome = known == nullptr ? Outcome::Created : Outcome::Altered;
+  company.Put(kind.kind, name, std::move(master));
+  return {outcome, {}};
+}
+
+Result ImportObject(const XmlNode& object, CompanyBooks& company) {
+  if (const MasterKind* kind = FindKindByElement(object.NodeName()))
+    return ImportMaster(object, *kind, company);
+  return Refused("The practice gateway keeps no objects of the kind '" + object.NodeName() + "'!");
+}
+
+void Count(Result result, ImportCounts& counts) {
+  if (!result.lineError.empty()) {
+    ++counts.errors;
+    counts.lineErrors.push_back(std::move(result.lineError));
+    return;
+  }
+  switch (result.outcome) {
+    case Outcome::Created:
+      ++counts.created;
+      break;
+    case Outcome::Altered:
+      ++counts.altered;
+      break;
+    case Outcome::Deleted:
+      ++counts.deleted;
+      break;
+  }
+}
+
+}  // namespace
+
+ImportCounts ImportMessages(const XmlNode& data, CompanyBooks& company) {
+  ImportCounts counts;
+  for (const XmlNode* message : data.Children()) {
+    if (message->NodeName() != "TALLYMESSAGE") continue;
+    for (const XmlNode* object : message->Children())
+      if (object->Type() == NodeType::Element) Count(ImportObject(*object, company), counts);
+  }
+  return counts;
+}
+
+}  // namespace vorlane::practice

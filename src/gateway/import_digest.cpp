@@ -1,0 +1,69 @@
+#include "gateway/import_digest.h"
+
+#include <array>
+
+#include "errors/trap.h"
+#include "platform/runtime/text.h"
+#include "platform/xml/xml_document.h"
+
+namespace vorlane::gateway {
+
+using platform::XmlDocument;
+using platform::XmlNode;
+
+namespace {
+
+/// A form of answer: the element that shows it, the nodes to read, and what is
+/// put behind a line error.
+struct AnswerForm {
+  std::string_view sign;
+  std::string_view path;
+  std::string_view separator;
+};
+
+// The forms do not exclude each other: one answer can feed two or three of them.
+// The blank of the new form is no slip; digests have always looked so.
+constexpr std::array<AnswerForm, 3> kForms{{
+    {"<RESPONSE>", "//RESPONSE", " - "},
+    {"<IMPORTRESULT>", "//IMPORTRESULT", " "},
+    {"<LINEERROR>", "//DATA", " - "},
+}};
+
+void ReadChildren(const XmlNode* node, std::string_view separator, std::string& digest) {
+  for (const XmlNode* child = node->FirstChild(); child; child = child->NextSibling()) {
+    const std::string name(child->BaseName());
+    const std::string text = child->Text();
+    if (name == "LINEERROR") {
+      digest += text;
+      digest += separator;
+    } else if (text == "1") {
+      // Kept although a digest always ends in a separator and is never "0" or "1".
+      if (digest == "0" || digest == "1") {
+        digest = name;
+      } else {
+        digest.insert(0, name + " ");
+      }
+    }
+  }
+}
+
+}  // namespace
+
+std::string ParseImportResult(std::string_view responseText, errors::Reporter& reporter) {
+  std::string digest;
+  const bool ended = errors::Trap(reporter, "C02-0009", [&] {
+    XmlDocument answer;
+    answer.LoadXml(responseText);
+    const std::string xml = platform::UpperCase(answer.Xml());
+    for (const AnswerForm& form : kForms) {
+      if (xml.find(form.sign) == std::string::npos) continue;
+      for (const XmlNode* node : answer.SelectNodes(form.path)) {
+        ReadChildren(node, form.separator, digest);
+      }
+    }
+    if (digest.empty()) digest = responseText;
+  });
+  return ended ? digest : std::string();
+}
+
+}  // namespace vorlane::gateway

@@ -1,0 +1,53 @@
+#include "gateway/tally_gateway.h"
+
+#include <array>
+#include <utility>
+
+#include "errors/trap.h"
+#include "gateway/import_digest.h"
+#include "gateway/normalize_document.h"
+#include "platform/runtime/text.h"
+#include "platform/xml/xml_document.h"
+
+namespace vorlane::gateway {
+
+std::string TallyGateway::GatewayUrl() const {
+  return "http://" + settings_.Read("Config", "ServerAddress") + ":" +
+         settings_.Read("Config", "PortNo");
+}
+
+std::string RewriteReservedValues(std::string xmlText) {
+  // The first undoes what setting a text does to a reference. It must stay first:
+  // the others bring in ampersands that it must not see.
+  static constexpr std::array<std::pair<std::string_view, std::string_view>, 6> kRewrites{{
+      {"&amp;#4;", "&#4;"},
+      {"{Any}", "&#4; Any"},
+      {"{Unknown}", "&#4; Unknown"},
+      {"{Applicable}", "&#4; Applicable"},
+      {"{Not Applicable}", "&#4; Not Applicable"},
+      {"{End of List}", "&#4; End of List"},
+  }};
+  for (const auto& [from, to] : kRewrites) {
+    xmlText = platform::ReplaceAll(std::move(xmlText), from, to);
+  }
+  return xmlText;
+}
+
+std::string TallyGateway::SendToGateway(std::string& xmlText) {
+  std::string digest;
+  errors::Trap(reporter_, "C02-0001", [&] {
+    platform::HttpRequest request(limits_);
+    request.Open("POST", GatewayUrl());
+    xmlText = RewriteReservedValues(std::move(xmlText));
+    platform::XmlDocument document;
+    // A text that does not parse leaves the document empty: the box comes from
+    // NormalizeDocument, and the empty document is sent all the same.
+    document.LoadXml(xmlText);
+    NormalizeDocument(document, reporter_);
+    request.Send(document.Xml());
+    digest = ParseImportResult(request.ResponseText(), reporter_);
+  });
+  return digest;
+}
+
+}  // namespace vorlane::gateway

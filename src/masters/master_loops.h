@@ -1,0 +1,19 @@
+#pragma once
+
+#include "form/import_form.h"
+
+namespace vorlane::masters {
+
+/// The loops that post one master a row. Each walks the whole grid, sends every
+/// row that has a name, and writes Tally's answer on the row. A failure ends the
+/// loop at its row; a refusal by Tally does not.
+
+void PostLedgerGroups(form::ImportForm& importForm);
+void PostUnits(form::ImportForm& importForm);
+void PostGodowns(form::ImportForm& importForm);
+void PostStockGroups(form::ImportForm& importForm);
+void PostStockCategories(form::ImportForm& importForm);
+void PostCostCategories(form::ImportForm& importForm);
+void PostCostCentres(form::ImportForm& importForm);
+
+}  // namespace vorlane::masters

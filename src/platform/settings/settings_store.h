@@ -1,0 +1,38 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace vorlane::platform {
+
+/// settings.ini in Vorlane20 of $XDG_CONFIG_HOME or ~/.config.
+std::filesystem::path SettingsFilePath();
+
+/// Texts by section and key in one file, which users may edit by hand:
+///
+///   [Config]
+///   ServerAddress=127.0.0.1
+///
+/// A value is all that stands behind the first "=", blanks, quotes, ";" and "#"
+/// included: no character has a meaning in it, and so none needs escaping, but a
+/// value is one line. Names of sections and keys are found in any case. The file
+/// is read at each call, since another process may change it between two.
+class SettingsStore {
+ public:
+  explicit SettingsStore(std::filesystem::path file) : file_(std::move(file)) {}
+
+  /// Empty when the key, its section or the file is missing or cannot be read.
+  std::string Read(std::string_view section, std::string_view key) const;
+
+  /// Leaves every other line as it stands. The new file takes the place of the
+  /// old in one step, so a reader, or a power cut, finds the one or the other.
+  /// A Failure: a value or name with a line break, a key with "=", a file or
+  /// folder that cannot be written, an old file that cannot be read.
+  void Write(std::string_view section, std::string_view key, std::string_view value) const;
+
+ private:
+  std::filesystem::path file_;
+};
+
+}  // namespace vorlane::platform

@@ -1,0 +1,67 @@
+#include "shell/dispatcher.h"
+
+#include <utility>
+
+#include "formats/format_catalogue.h"
+#include "masters/master_loops.h"
+#include "platform/runtime/failure.h"
+#include "platform/runtime/text.h"
+
+namespace vorlane::shell {
+
+using form::ImportForm;
+using sources::Loop;
+
+namespace {
+
+/// What posts a custom format, by its type word.
+constexpr std::pair<std::string_view, Loop> kFormatLoops[] = {
+    {"GROUP", Loop::PostLedgerGroupsGST},
+    {"LEDGER", Loop::PostLedgersGST},
+    {"UNIT", Loop::PostUnitsGST},
+    {"GODOWN", Loop::PostGodownsGST},
+    {"STOCKGROUP", Loop::PostStockGroupsGST},
+    {"STOCKCATEGORY", Loop::PostStockCategoriesGST},
+    {"STOCKITEM", Loop::PostStockItemsGST},
+    {"COSTCATEGORY", Loop::PostCostCategoriesGST},
+    {"COSTCENTRE", Loop::PostCostCentresGST},
+    {"VOUCHER", Loop::PostCustomFormat},
+};
+
+/// The loops that are built.
+constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
+    {Loop::PostCostCategories, masters::PostCostCategories},
+    {Loop::PostCostCentres, masters::PostCostCentres},
+    {Loop::PostGodowns, masters::PostGodowns},
+    {Loop::PostLedgerGroups, masters::PostLedgerGroups},
+    {Loop::PostStockCategories, masters::PostStockCategories},
+    {Loop::PostStockGroups, masters::PostStockGroups},
+    {Loop::PostUnits, masters::PostUnits},
+};
+
+}  // namespace
+
+Loop FindLoop(ImportForm& importForm, std::string_view importType) {
+  const std::string key = platform::UpperCase(importType);
+  const sources::ImportType* type = sources::FindImportType(key);
+  if (type && type->loop != Loop::CustomFormat) return type->loop;
+  const std::string word =
+      platform::UpperCase(formats::IsCustomFormat(importForm.services.store, key));
+  for (const auto& [known, loop] : kFormatLoops) {
+    if (known == word) return loop;
+  }
+  return Loop::Nothing;
+}
+
+void RunLoop(ImportForm& importForm, Loop loop) {
+  if (loop == Loop::Nothing) return;
+  for (const auto& [known, run] : kLoops) {
+    if (known == loop) return run(importForm);
+  }
+  throw platform::Failure(platform::failure_number::kFeatureNotBuilt, "ImportDispatcher",
+                          "This version of Vorlane does not have " +
+                              std::string(sources::LoopName(loop)) + " yet, which posts >" +
+                              importForm.cmbTableName.text + "<. No row was sent to Tally.");
+}
+
+}  // namespace vorlane::shell

@@ -1,0 +1,119 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <initializer_list>
+#include <memory>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace vorlane::staging {
+
+class SqliteConnection;
+class StagingStore;
+struct PreparedStatement;
+struct StatementCache;
+
+/// The rows of one read, taken one after the other. Holds a statement that the
+/// store keeps prepared and gives it back at its end. Must not outlive its
+/// store.
+class Statement {
+ public:
+  Statement(Statement&& other) noexcept;
+  Statement& operator=(Statement&&) = delete;
+  ~Statement();
+
+  /// Goes to the next row, at first to the first; false when there is none.
+  bool Step();
+
+  /// The position of a column by its name in any case; fails when the result
+  /// has no such column.
+  std::size_t Column(std::string_view name) const;
+  /// A column of the row: nothing for null. The view holds until the next Step.
+  std::optional<std::string_view> Text(std::size_t column) const;
+  std::optional<std::string_view> Text(std::string_view name) const { return Text(Column(name)); }
+  /// The same with null read as the empty text.
+  std::string_view TextOrEmpty(std::size_t column) const { return Text(column).value_or(""); }
+  std::string_view TextOrEmpty(std::string_view name) const { return TextOrEmpty(Column(name)); }
+  /// A numeric column of the format tables: nothing for null. Fails when the
+  /// value is no whole number of 32 bits.
+  std::optional<std::int32_t> Integer(std::string_view name) const;
+
+ private:
+  friend class StagingStore;
+  Statement(SqliteConnection& connection, PreparedStatement& prepared);
+  void Bind(std::span<const std::string_view> texts);
+
+  SqliteConnection* connection_;
+  PreparedStatement* prepared_;  // null after a move
+  bool atEnd_ = false;
+};
+
+/// The program's own database, Vorlane20.DAT: the staging tables and the tables
+/// of the custom formats.
+///
+/// Opened on first use and kept open: opening the file for each row cost
+/// thirteen times as much. A failed opening is tried again at the next use. A
+/// file that is missing is created with its tables; one that exists is used as
+/// it is, and a table or column that it lacks fails the statement that needs
+/// it. Each statement is final when it returns; no transaction spans two. The
+/// write-ahead log keeps the file sound on a power cut, which matters because
+/// it holds the user's formats, and lets other programs read meanwhile.
+///
+/// Values are handed over beside the statement's text ("?"), so an apostrophe in
+/// a company's name is a character like any other.
+///
+/// Names are taken without regard to case; texts compare exactly. Statements may
+/// order by `val(column)`, the number at the beginning of a text.
+///
+/// Every fault rises as a platform::Failure that names the file and the
+/// statement; a lock held by another program does so after a second. For use by
+/// one thread.
+class StagingStore {
+ public:
+  explicit StagingStore(std::filesystem::path file);
+  StagingStore(const StagingStore&) = delete;
+  StagingStore& operator=(const StagingStore&) = delete;
+  ~StagingStore();
+
+  const std::filesystem::path& File() const { return file_; }
+
+  /// Runs one statement; `texts` stand for its question marks in order.
+  /// Statements stay prepared by their text, so values belong in `texts`.
+  void Execute(std::string_view sql, std::span<const std::string_view> texts = {});
+
+  /// Starts a read. The texts are copied.
+  Statement Query(std::string_view sql, std::initializer_list<std::string_view> texts = {});
+
+ private:
+  friend class ReadBracket;
+
+  SqliteConnection& Connection();
+  Statement Start(std::string_view sql);
+
+  std::filesystem::path file_;
+  std::unique_ptr<SqliteConnection> connection_;
+  std::unique_ptr<StatementCache> cache_;
+  int openBrackets_ = 0;
+};
+
+/// Makes the reads of its lifetime see one state of the store and take half the
+/// time. Nothing may be written inside: it would not be final at once. Brackets
+/// may stand inside each other; the outermost counts. Keep it short, and close
+/// it before waiting on the gateway, for the log cannot be folded into the file
+/// meanwhile.
+class ReadBracket {
+ public:
+  explicit ReadBracket(StagingStore& store);
+  ReadBracket(const ReadBracket&) = delete;
+  ReadBracket& operator=(const ReadBracket&) = delete;
+  ~ReadBracket();
+
+ private:
+  StagingStore& store_;
+};
+
+}  // namespace vorlane::staging

@@ -1,0 +1,70 @@
+#include <cstdio>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include "practice/gateway.h"
+#include "tests/practice/practice_fixture.h"
+
+namespace vorlane::practice {
+namespace {
+
+struct Ended {
+  int code = -1;
+  std::string output;
+};
+
+Ended RunProgram(const std::string& arguments) {
+  Ended ended;
+  FILE* pipe = ::popen((PRACTICE_PROGRAM " " + arguments + " 2>&1").c_str(), "r");
+  char piece[256];
+  while (::fgets(piece, sizeof piece, pipe) != nullptr) ended.output += piece;
+  ended.code = WEXITSTATUS(::pclose(pipe));
+  return ended;
+}
+
+TEST(PracticeProgram, RefusesBadArguments) {
+  for (const char* arguments : {"--port", "--port x", "--port 70000", "--port -1", "--company ''",
+                                "--colour red", "x", "--stop-after 1.5"}) {
+    const Ended ended = RunProgram(arguments);
+    EXPECT_EQ(ended.code, 2) << arguments;
+    EXPECT_NE(ended.output.find("Usage: vorlane-practice"), std::string::npos) << arguments;
+  }
+}
+
+TEST(PracticeProgram, TellsThatItsPortIsTaken) {
+  PracticeServer server;
+  const Ended ended = RunProgram("--port " + std::to_string(server.Port()));
+  EXPECT_EQ(ended.code, 1);
+  EXPECT_EQ(ended.output.find("vorlane-practice: "), 0u) << ended.output;
+}
+
+TEST(PracticeProgram, ListensUntilItsTimeIsOver) {
+  const TemporaryFolder folder;
+  const std::string record = folder / "record";
+  FILE* pipe = ::popen((PRACTICE_PROGRAM " --port 0 --company 'A & B' --company C --stop-after 2 "
+                                         "--record " +
+                        record)
+                           .c_str(),
+                       "r");
+  unsigned port = 0;
+  ASSERT_EQ(::fscanf(pipe, "Listening on 127.0.0.1:%u", &port), 1);
+  const std::string answer =
+      PostOnWire(static_cast<std::uint16_t>(port), Query("Data", "<ID>DynamicCollReport</ID>"));
+  EXPECT_NE(answer.find("<RPTPRMVAL>A &amp; B</RPTPRMVAL>"), answer.npos) << answer;
+  EXPECT_EQ(WEXITSTATUS(::pclose(pipe)), 0);
+  EXPECT_TRUE(answer.ends_with(ReadFile(record + "/0001-answer.xml")));
+}
+
+TEST(PracticeProgram, StopsOnASignal) {
+  for (const char* signal : {"INT", "TERM"})
+    EXPECT_EQ(RunProgram(std::string("--port 0 --stop-after 60 & sleep 0.3; kill -") + signal +
+                         " $!; wait $!; exit $?")
+                  .code,
+              0)
+        << signal;
+}
+
+}  // namespace
+}  // namespace vorlane::practice
