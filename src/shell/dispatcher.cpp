@@ -35,8 +35,10 @@ constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
     {Loop::PostCostCentres, masters::PostCostCentres},
     {Loop::PostGodowns, masters::PostGodowns},
     {Loop::PostLedgerGroups, masters::PostLedgerGroups},
+    {Loop::PostLedgers, masters::PostLedgers},
     {Loop::PostStockCategories, masters::PostStockCategories},
     {Loop::PostStockGroups, masters::PostStockGroups},
+    {Loop::PostStockItems, masters::PostStockItems},
     {Loop::PostTransaction, posting::PostTransaction},
     {Loop::PostUnits, masters::PostUnits},
 };
