@@ -45,10 +45,17 @@ void VoucherRun::Run() {
 }
 
 void VoucherRun::Open() {
+  form_.CurrentCompany = form_.cmbCurrentCompanyList.text;
   form_.TabData = form::DataTab::Grid;
   form_.stat("msg", "Deleting Previous Data");
   writers_.PurgeForLoop(family_.BankRows());
   form_.stat("msg", "");
+  family_.AfterOpening(*this);
+}
+
+void VoucherRun::StartVouchersAt(const std::string& vchID) {
+  voucherNumber_ = static_cast<std::int32_t>(platform::Val(vchID));
+  vchID_ = vchID;
 }
 
 void VoucherRun::BindColumns() {
@@ -63,6 +70,26 @@ void VoucherRun::BindColumns() {
   hasId_ = form_.FindListedColumn("ID") >= 0;
 }
 
+void VoucherRun::ReadCell(std::string_view text, Reading reading, std::string& field) const {
+  switch (reading) {
+    case Reading::Text:
+      field.assign(text);
+      break;
+    case Reading::KeptText:
+      if (!text.empty()) field.assign(text);
+      break;
+    case Reading::Amount:
+      field = FormatAmount(platform::Val(text));
+      break;
+    case Reading::Formatted:
+      amountFormat_.Apply(text, field);
+      break;
+    case Reading::Rate:
+      field = FormatAmount(platform::Val(platform::ReplaceAll(std::string(text), "%", "")));
+      break;
+  }
+}
+
 void VoucherRun::ReadRow(std::size_t gridRow) {
   reader_.MoveTo(gridRow);
   const ImportGrid& grid = form_.GR1;
@@ -71,12 +98,7 @@ void VoucherRun::ReadRow(std::size_t gridRow) {
     const std::size_t gridColumn =
         bound.gridColumn != 0 ? bound.gridColumn : grid.ColumnIndex(column.key);
     const std::string_view text = grid.Text(gridRow, gridColumn);
-    std::string& field = row.*column.field;
-    if (column.reading == Reading::Text) {
-      field.assign(text);
-    } else {
-      field = FormatAmount(platform::Val(text));
-    }
+    ReadCell(text, column.reading, row.*column.field);
   }
   if (hasId_) row.Id = reader_.Required("ID");
 }

@@ -36,6 +36,8 @@ class VoucherFamily {
   /// Before anything is deleted or staged; false ends the loop without a word
   /// more.
   virtual bool BeforeRun(VoucherRun&) { return true; }
+  /// Once the staging tables are empty.
+  virtual void AfterOpening(VoucherRun&) {}
   /// Sets the counters of a new voucher.
   virtual void StartCounters(VoucherRun& run) = 0;
   /// Changes the head that every voucher starts from.
@@ -56,6 +58,14 @@ struct Counters {
   std::int32_t BiAID = 0;
   std::int32_t BAaID = 0;
   std::int32_t CAID = 0;
+  std::int32_t InEID = 0;
+  std::int32_t IDNID = 0;
+  std::int32_t IOLID = 0;
+  std::int32_t BOTID = 0;
+  std::int32_t AttID = 0;
+  // Both number lines of BasicBuyerAddress (or of Address, for the buyer's own).
+  std::int32_t ConsigneeBBAID = 0;
+  std::int32_t BuyerBBAID = 0;
 };
 
 /// The loop that every family of vouchers shares: it walks the grid, groups
@@ -76,6 +86,8 @@ class VoucherRun {
   staging::StagingWriters& Writers() { return writers_; }
   const std::string& Company() const { return form_.CurrentCompany; }
   const std::string& VchID() const { return vchID_; }
+  /// Numbers the vouchers of the run from another id than "1".
+  void StartVouchersAt(const std::string& vchID);
 
   VoucherRow row;  ///< the row in hand; a family may change it, and it stays so
   Counters counters;
@@ -92,6 +104,7 @@ class VoucherRun {
   void Open();
   void BindColumns();
   void ReadRow(std::size_t gridRow);
+  void ReadCell(std::string_view text, Reading reading, std::string& field) const;
   std::string VoucherKey() const;
   void BreakVoucher(std::size_t gridRow, const std::string& key);
   void StartVoucher(const std::string& key);
