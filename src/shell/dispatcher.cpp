@@ -6,6 +6,7 @@
 #include "masters/master_loops.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
+#include "posting/voucher_loops.h"
 
 namespace vorlane::shell {
 
@@ -34,8 +35,11 @@ constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
     {Loop::PostCostCentres, masters::PostCostCentres},
     {Loop::PostGodowns, masters::PostGodowns},
     {Loop::PostLedgerGroups, masters::PostLedgerGroups},
+    {Loop::PostLedgers, masters::PostLedgers},
     {Loop::PostStockCategories, masters::PostStockCategories},
     {Loop::PostStockGroups, masters::PostStockGroups},
+    {Loop::PostStockItems, masters::PostStockItems},
+    {Loop::PostTransaction, posting::PostTransaction},
     {Loop::PostUnits, masters::PostUnits},
 };
 

@@ -1,8 +1,10 @@
 #include "platform/data/recordset.h"
 
 #include <algorithm>
-#include <numeric>
+#include <cstdint>
 #include <string>
+#include <utility>
+#include <variant>
 
 #include "platform/runtime/failure.h"
 #include "platform/runtime/number.h"
@@ -12,24 +14,14 @@ namespace vorlane::platform {
 
 namespace {
 
-// Where a cell stands in the order: its kind first, then its value. The text is
-// upper-cased, since databases compare without regard to case.
-struct SortKey {
-  enum class Kind : std::uint8_t { Empty, Number, Text };
-  Kind kind = Kind::Empty;
-  double number = 0;
-  std::string text;
-
-  bool operator<(const SortKey& other) const {
-    if (kind != other.kind) return kind < other.kind;
-    return kind == Kind::Number ? number < other.number : text < other.text;
-  }
-};
+// Where a cell stands in the order: nothing before numbers before texts, which
+// are upper-cased, since databases compare without regard to case.
+using SortKey = std::variant<std::monostate, double, std::string>;
 
 SortKey MakeKey(std::string_view cell) {
   if (Trim(cell).empty()) return {};
-  if (const auto number = ParseNumber(cell)) return {SortKey::Kind::Number, *number, {}};
-  return {SortKey::Kind::Text, 0, UpperCase(cell)};
+  if (const auto number = ParseNumber(cell)) return *number;
+  return UpperCase(cell);
 }
 
 bool StandsInOrder(const TextTable& rows, std::size_t column) {
@@ -40,6 +32,30 @@ bool StandsInOrder(const TextTable& rows, std::size_t column) {
     previous = std::move(key);
   }
   return true;
+}
+
+// The rows in their new order. Each kind is sorted on its own, by value and then
+// by row; a million small keys sort faster than a million of the widest kind.
+std::vector<std::uint32_t> SortedRows(const TextTable& rows, std::size_t column) {
+  std::vector<std::uint32_t> order;
+  std::vector<std::pair<double, std::uint32_t>> numbers;
+  std::vector<std::pair<std::string, std::uint32_t>> texts;
+  for (std::uint32_t row = 0; row < rows.Rows(); ++row) {
+    SortKey key = MakeKey(rows.Cell(row, column));
+    if (const auto* number = std::get_if<double>(&key)) {
+      numbers.emplace_back(*number, row);
+    } else if (auto* text = std::get_if<std::string>(&key)) {
+      texts.emplace_back(std::move(*text), row);
+    } else {
+      order.push_back(row);
+    }
+  }
+  std::sort(numbers.begin(), numbers.end());
+  std::sort(texts.begin(), texts.end());
+  order.reserve(rows.Rows());
+  for (const auto& [number, row] : numbers) order.push_back(row);
+  for (const auto& [text, row] : texts) order.push_back(row);
+  return order;
 }
 
 }  // namespace
@@ -69,17 +85,7 @@ void OrderBy(Recordset& recordset, std::string_view field, std::string_view tabl
   }
   TextTable& rows = *recordset.Rows();
   if (StandsInOrder(rows, *column)) return;
-
-  std::vector<SortKey> keys(rows.Rows());
-  for (std::size_t row = 0; row < keys.size(); ++row) keys[row] = MakeKey(rows.Cell(row, *column));
-  std::vector<std::uint32_t> order(keys.size());
-  std::iota(order.begin(), order.end(), 0u);
-  std::sort(order.begin(), order.end(), [&](std::uint32_t a, std::uint32_t b) {
-    if (keys[a] < keys[b]) return true;
-    return a < b && !(keys[b] < keys[a]);
-  });
-  keys = {};
-  rows.ReorderRows(std::move(order));
+  rows.ReorderRows(SortedRows(rows, *column));
 }
 
 }  // namespace vorlane::platform

@@ -11,8 +11,10 @@ namespace {
 
 constexpr std::uint64_t kDigitsEnd = 1'000'000'000'000'000;  // the first with 16 digits
 constexpr std::uint64_t kNoRoomForDigit = (std::numeric_limits<std::uint64_t>::max() - 9) / 10;
-// Beyond this no double tells one exponent from the next.
-constexpr int kExponentLimit = 100'000;
+// Beyond this no double tells one exponent from the next; an exponent as it is
+// written may go further, for the zeros before it can make up for it.
+constexpr std::int64_t kExponentLimit = 100'000;
+constexpr std::int64_t kWrittenExponentLimit = 1'000'000'000'000;
 
 constexpr std::array<std::uint64_t, 18> kPowersOfTen = [] {
   std::array<std::uint64_t, 18> powers{};
@@ -27,19 +29,19 @@ constexpr std::array<std::uint64_t, 18> kPowersOfTen = [] {
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
 int LimitExponent(std::int64_t exponent) {
-  return static_cast<int>(std::clamp<std::int64_t>(exponent, -kExponentLimit, kExponentLimit));
+  return static_cast<int>(std::clamp(exponent, -kExponentLimit, kExponentLimit));
 }
 
 // Reads the digits behind E or D; 0 and `at` unmoved when there are none.
-int ScanExponent(const char*& at, const char* end) {
+std::int64_t ScanExponent(const char*& at, const char* end) {
   if (at == end || (*at != 'E' && *at != 'e' && *at != 'D' && *at != 'd')) return 0;
   const char* digit = at + 1;
   const bool negative = digit != end && *digit == '-';
   if (digit != end && (*digit == '-' || *digit == '+')) ++digit;
   if (digit == end || !IsDigit(*digit)) return 0;
-  int exponent = 0;
+  std::int64_t exponent = 0;
   for (; digit != end && IsDigit(*digit); ++digit) {
-    exponent = std::min(exponent * 10 + (*digit - '0'), kExponentLimit);
+    exponent = std::min(exponent * 10 + (*digit - '0'), kWrittenExponentLimit);
   }
   at = digit;
   return negative ? -exponent : exponent;
@@ -86,7 +88,7 @@ Decimal ToDecimal(double value) {
   const double size = std::abs(value);
   char text[40];
   // The shortest form is cheap, and when it has 15 digits or less it is also
-  // what rounding to 15 digits would give.
+  // what rounding to 15 digits would give (all but the tiniest numbers).
   const char* end =
       std::to_chars(text, text + sizeof text, size, std::chars_format::scientific).ptr;
   Decimal decimal = FromScientific(text, end);

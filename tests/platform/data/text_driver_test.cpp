@@ -216,8 +216,8 @@ INSTANTIATE_TEST_SUITE_P(
                  ", line 3: expected UTF-8, found a byte that is none."},
         TextCase{"TooManyFields", "a\n1\n2" + std::string(1024, ',') + "x\n",
                  ", line 3: expected at most 1024 fields, found one behind them."},
-        TextCase{"TooManyNames", std::string(1024, ',') + "\n",
-                 ", line 1: expected at most 1024 fields, found 1025."}),
+        TextCase{"TooManyNames", "\n" + std::string(1024, ',') + "x\n",
+                 ", line 2: expected at most 1024 fields, found 1025."}),
     kCaseName);
 
 constexpr char kColumnHelp[] =

@@ -1,7 +1,7 @@
 #include "platform/data/text/text_connection.h"
 
+#include <cstdint>
 #include <filesystem>
-#include <limits>
 #include <new>
 #include <utility>
 
@@ -12,8 +12,8 @@ namespace vorlane::platform {
 
 namespace {
 
-// Beyond this the row and cell numbers of a table would end.
-constexpr std::uint64_t kMaxFileSize = std::uint64_t{1} << 36;
+// A row takes two bytes at least, and an order of rows numbers them in 32 bits.
+constexpr std::uint64_t kMaxFileSize = std::uint64_t{1} << 33;
 
 class TextConnection : public Connection {
  public:

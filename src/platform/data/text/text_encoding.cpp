@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstring>
 #include <string_view>
 #include <utility>
@@ -138,11 +137,11 @@ class CodePageConverter {
 
   bool IsKnown() const { return handle_ != reinterpret_cast<iconv_t>(-1); }
 
-  // Converts on from `at` until `to` is full; false when a character is none.
+  // Converts from `at` to `to`; false when it stops at a character that is none.
   bool Convert(char*& at, char* end, char*& to, char* toEnd) {
     auto left = static_cast<std::size_t>(end - at);
     auto room = static_cast<std::size_t>(toEnd - to);
-    return iconv(handle_, &at, &left, &to, &room) != static_cast<std::size_t>(-1) || errno == E2BIG;
+    return iconv(handle_, &at, &left, &to, &room) != static_cast<std::size_t>(-1);
   }
 
  private:

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/data/text/text_records.h"
-#include "platform/data/workbook/table_names.h"
+#include "platform/data/table_names.h"
 #include "platform/runtime/date.h"
 #include "platform/runtime/number.h"
 #include "platform/runtime/text.h"
@@ -17,6 +17,17 @@ namespace vorlane::platform {
 namespace {
 
 using Cells = std::vector<std::string_view>;
+
+// Two gigabytes. Short rows under a long header make a table much larger than
+// its file, which must end before the memory does.
+constexpr std::size_t kMaxCells = std::size_t{1} << 28;
+
+// The line of the first cell that is not null; 0 when all are.
+std::size_t LineOfRecord(const TextFile& file, const Cells& cells) {
+  const auto isThere = [](std::string_view cell) { return cell.data() != nullptr; };
+  const auto cell = std::find_if(cells.begin(), cells.end(), isThere);
+  return cell == cells.end() ? 0 : LineOf(file, cell->data());
+}
 
 // Puts records into a table that has taken over the buffer in which they lie.
 class TableFiller {
@@ -29,6 +40,10 @@ class TableFiller {
 
   void AddRow(const Cells& cells) {
     const std::size_t row = table_->Rows();
+    if (row * table_->Columns() >= kMaxCells) {
+      throw TextFailure(file_, LineOfRecord(file_, cells),
+                        "expected at most " + std::to_string(kMaxCells) + " cells before.");
+    }
     table_->AppendRow();
     const std::size_t known = std::min(cells.size(), table_->Columns());
     for (std::size_t column = 0; column < known; ++column) {
@@ -133,7 +148,7 @@ Recordset ReadTextRecordset(TextFile file, const TextLayout& layout) {
   if (!layout.hasHeader) header.assign(header.size(), {});
   std::vector<std::string> names = NamesFrom(header, layout);
   if (names.size() > kMaxTextFields) {
-    throw TextFailure(file, 1,
+    throw TextFailure(file, LineOfRecord(file, header),
                       "expected at most " + std::to_string(kMaxTextFields) + " fields, found " +
                           std::to_string(names.size()) + ".");
   }

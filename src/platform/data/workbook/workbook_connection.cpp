@@ -6,7 +6,7 @@
 
 #include "platform/data/workbook/compound_file.h"
 #include "platform/data/workbook/sheet_table.h"
-#include "platform/data/workbook/table_names.h"
+#include "platform/data/table_names.h"
 #include "platform/data/workbook/workbook.h"
 #include "platform/data/workbook/xlsx_sheet_list.h"
 #include "platform/runtime/failure.h"
