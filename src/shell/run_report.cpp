@@ -35,9 +35,11 @@ std::string Stamp(const ImportForm& importForm) {
   return platform::ReplaceAll(std::move(stamp), ":", ".");
 }
 
+/// Pasted together, since a company's name may begin with "/" and must not lead
+/// out of the folder.
 std::filesystem::path ReportPath(const ImportForm& importForm) {
-  return importForm.services.applicationFolder /
-         std::filesystem::path(importForm.CurrentCompany + " " + Stamp(importForm) + ".txt");
+  return importForm.services.applicationFolder.string() + "/" + importForm.CurrentCompany + " " +
+         Stamp(importForm) + ".txt";
 }
 
 }  // namespace
