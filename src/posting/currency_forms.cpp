@@ -6,20 +6,24 @@ namespace vorlane::posting {
 
 namespace {
 
-/// What stands before the two amounts of a debit; a credit has nothing there.
-struct DebitSigns {
+/// What stands before the two amounts of a debit, where a credit has nothing, and
+/// what between the base currency and the rate.
+struct CurrencyForm {
   std::string_view beforeAmount;
   std::string_view beforeWorth;
+  std::string_view beforeRate;
 };
 
-constexpr DebitSigns SignsOf(CurrencyUse use) {
+constexpr CurrencyForm FormOf(CurrencyUse use) {
   switch (use) {
     case CurrencyUse::StockOrLedger:
-      return {"- ", "-"};
+      return {"- ", "-", " "};
     case CurrencyUse::Allocation:
-      return {"-", "-"};
+      return {"-", "-", " "};
     case CurrencyUse::Bill:
-      return {"-", "-"};
+      return {"-", "-", " "};
+    case CurrencyUse::Register:
+      return {"- ", "-", ""};
   }
   return {};
 }
@@ -32,11 +36,11 @@ std::string TimesExchangeRate(const VoucherRow& row, std::string_view amount) {
 
 std::string CurrencyAmount(const VoucherRow& row, std::string_view amount, bool isDebit,
                            CurrencyUse use) {
-  const DebitSigns signs = isDebit ? SignsOf(use) : DebitSigns{};
-  std::string text(signs.beforeAmount);
+  const CurrencyForm form = FormOf(use);
+  std::string text(isDebit ? form.beforeAmount : "");
   text.append(row.VchCurrency).append(amount).append(" @ ").append(row.BaseCurrency);
-  text.append(" ").append(row.ExchangeRate).append("/").append(row.VchCurrency).append(" = ");
-  text.append(signs.beforeWorth).append(row.BaseCurrency).append(" ");
+  text.append(form.beforeRate).append(row.ExchangeRate).append("/").append(row.VchCurrency);
+  text.append(" = ").append(isDebit ? form.beforeWorth : "").append(row.BaseCurrency).append(" ");
   return text + TimesExchangeRate(row, amount);
 }
 

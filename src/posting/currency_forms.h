@@ -8,9 +8,9 @@
 namespace vorlane::posting {
 
 /// What an amount in a second currency is written for. The uses differ in the
-/// blank behind the first "-" of a debit, and each is as Tally has always been
-/// given it.
-enum class CurrencyUse { StockOrLedger, Allocation, Bill };
+/// blank behind the first "-" of a debit and in front of the rate, and each is as Tally has always
+/// been given it.
+enum class CurrencyUse { StockOrLedger, Allocation, Bill, Register };
 
 /// An amount in the voucher's currency with its rate and its worth in the base
 /// currency, such as "$100.000 @ Rs 80.000/$ = Rs 8000". The worth is not

@@ -17,5 +17,6 @@ void PostStockJV(form::ImportForm& importForm);
 void PostPhysicalStock(form::ImportForm& importForm);
 void PostCrDrNotes(form::ImportForm& importForm);
 void PostAttendance(form::ImportForm& importForm);
+void PostVoucherRegister(form::ImportForm& importForm);
 
 }  // namespace vorlane::posting

@@ -42,6 +42,8 @@ struct VoucherRow {
       TermsOfDelivery, Consignee, ConsigneeAddress, Buyer, BuyerAddress, BuyerTINNo;
   // A second currency.
   std::string VchCurrency, BaseCurrency, ExchangeRate;
+  // A register's row.
+  std::string TotalAmount;
   // Attendance.
   std::string Employee, AttendanceType, Value;
 };

@@ -19,25 +19,36 @@ namespace vorlane::posting {
 
 class VoucherRun;
 
+/// How grid rows make vouchers.
+enum class Grouping {
+  ByKey,     ///< neighbours of one key; the last row shows the outcome
+  RowByRow,  ///< each row that the family takes is one, and shows its own outcome
+};
+
 /// What one family of vouchers adds to the run that they all share: its columns,
 /// where its counters start, what its head holds, and what a row stages.
 class VoucherFamily {
  public:
   /// `location` is the code under which a failure of the loop is reported.
   VoucherFamily(std::string_view location, std::span<const VoucherColumn> columns,
-                staging::StagingWriters::BankRows bankRows)
-      : location_(location), columns_(columns), bankRows_(bankRows) {}
+                staging::StagingWriters::BankRows bankRows, Grouping grouping = Grouping::ByKey)
+      : location_(location), columns_(columns), bankRows_(bankRows), grouping_(grouping) {}
   virtual ~VoucherFamily() = default;
 
   std::string_view Location() const { return location_; }
   std::span<const VoucherColumn> Columns() const { return columns_; }
   staging::StagingWriters::BankRows BankRows() const { return bankRows_; }
+  Grouping Groups() const { return grouping_; }
 
   /// Before anything is deleted or staged; false ends the loop without a word
   /// more.
   virtual bool BeforeRun(VoucherRun&) { return true; }
   /// Once the staging tables are empty.
   virtual void AfterOpening(VoucherRun&) {}
+  /// Of a family that goes row by row: whether the row in hand is a voucher.
+  virtual bool TakesRow(VoucherRun&) { return true; }
+  /// Of a family that goes row by row: the key of the row in hand.
+  virtual std::string KeyOf(const VoucherRow&) { return {}; }
   /// Sets the counters of a new voucher.
   virtual void StartCounters(VoucherRun& run) = 0;
   /// Changes the head that every voucher starts from.
@@ -49,6 +60,7 @@ class VoucherFamily {
   std::string_view location_;
   std::span<const VoucherColumn> columns_;
   staging::StagingWriters::BankRows bankRows_;
+  Grouping grouping_;
 };
 
 /// The numbers of the staged rows of the voucher in hand. They go into the store
@@ -86,6 +98,7 @@ class VoucherRun {
   staging::StagingWriters& Writers() { return writers_; }
   const std::string& Company() const { return form_.CurrentCompany; }
   const std::string& VchID() const { return vchID_; }
+  std::size_t GridRow() const { return reader_.Row(); }
   /// Numbers the vouchers of the run from another id than "1".
   void StartVouchersAt(const std::string& vchID);
 
@@ -105,10 +118,13 @@ class VoucherRun {
   void BindColumns();
   void ReadRow(std::size_t gridRow);
   void ReadCell(std::string_view text, Reading reading, std::string& field) const;
-  std::string VoucherKey() const;
+  std::string VoucherKey();
+  void GroupRow(std::size_t gridRow);
+  void SendRow(std::size_t gridRow);
   void BreakVoucher(std::size_t gridRow, const std::string& key);
   void StartVoucher(const std::string& key);
   void ShowOutcome(std::size_t gridRow, const std::string& status);
+  void PaintRefused(std::size_t gridRow);
   void ReportErrorByVID(const std::string& key, std::string_view columnName);
 
   form::ImportForm& form_;

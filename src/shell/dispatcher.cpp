@@ -50,6 +50,7 @@ constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
     {Loop::PostUnits, masters::PostUnits},
     {Loop::PostVATTransaction, posting::PostVATTransaction},
     {Loop::PostVATTransactionMC, posting::PostVATTransactionMC},
+    {Loop::PostVoucherRegister, posting::PostVoucherRegister},
 };
 
 }  // namespace
