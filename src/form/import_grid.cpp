@@ -18,7 +18,8 @@ void ImportGrid::Clear() {
   source_.reset();
   sourceRows_ = {};
   added_.reset();
-  overwritten_.clear();
+  overwritten_ = {};
+  overwrittenTexts_.reset();
   marks_ = {};
   currentRow_ = 0;
 }
@@ -91,7 +92,7 @@ std::string_view ImportGrid::Text(std::size_t row, std::size_t column) const {
   if (column > sourceColumns_) return added_->Cell(row - 1, column - sourceColumns_ - 1);
   if (!overwritten_.empty()) {
     const auto found = overwritten_.find(CellKey(row, column));
-    if (found != overwritten_.end()) return found->second;
+    if (found != overwritten_.end()) return overwrittenTexts_->Cell(found->second, 0);
   }
   const std::uint32_t sourceRow = sourceRows_[row - 1];
   return sourceRow == kNoSource ? std::string_view() : source_->Cell(sourceRow, column - 1);
@@ -102,8 +103,15 @@ void ImportGrid::SetText(std::size_t row, std::size_t column, std::string_view t
   if (column > sourceColumns_) {
     added_->Set(row - 1, column - sourceColumns_ - 1, text);
   } else {
-    overwritten_[CellKey(row, column)] = text;
+    Overwrite(CellKey(row, column), text);
   }
+}
+
+void ImportGrid::Overwrite(std::uint64_t cell, std::string_view text) {
+  if (!overwrittenTexts_) overwrittenTexts_ = std::make_unique<platform::TextTable>(1);
+  const auto [place, isNew] = overwritten_.try_emplace(cell, overwrittenTexts_->Rows());
+  if (isNew) overwrittenTexts_->AppendRow();
+  overwrittenTexts_->Set(place->second, 0, text);
 }
 
 void ImportGrid::ShareTextFromAbove(std::size_t row, std::size_t column) {
