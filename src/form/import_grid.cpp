@@ -1,5 +1,6 @@
 #include "form/import_grid.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/runtime/failure.h"
@@ -61,10 +62,18 @@ std::size_t ImportGrid::AddSourceRow(std::size_t sourceRow) {
 
 std::optional<std::size_t> ImportGrid::FindColumn(std::string_view key) const {
   const std::string_view wanted = platform::Trim(key);
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (platform::EqualsNoCase(platform::Trim(columns_[i].key), wanted)) return i + 1;
+  const auto isWanted = [&](const GridColumn& column) {
+    return platform::EqualsNoCase(platform::Trim(column.key), wanted);
+  };
+  // What the load added comes first: a sheet that was saved with its statuses
+  // must not take the new ones, which the report would then miss.
+  const auto added = columns_.begin() + static_cast<std::ptrdiff_t>(sourceColumns_);
+  auto found = std::find_if(added, columns_.end(), isWanted);
+  if (found == columns_.end()) {
+    found = std::find_if(columns_.begin(), added, isWanted);
+    if (found == added) return std::nullopt;
   }
-  return std::nullopt;
+  return static_cast<std::size_t>(found - columns_.begin()) + 1;
 }
 
 std::size_t ImportGrid::ColumnIndex(std::string_view key) const {

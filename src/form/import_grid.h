@@ -68,7 +68,8 @@ class ImportGrid {
   const GridColumn& Column(std::size_t column) const { return columns_[column - 1]; }
   void SetTag(std::size_t column, std::string tag) { columns_[column - 1].tag = std::move(tag); }
 
-  /// The number of the column with that key, outer blanks and case aside.
+  /// The number of the column with that key, outer blanks and case aside; of a
+  /// column that the load added before one of the source.
   std::optional<std::size_t> FindColumn(std::string_view key) const;
   /// The same; fails when there is no such column.
   std::size_t ColumnIndex(std::string_view key) const;
