@@ -143,16 +143,24 @@ fs::path SettingsFilePath() {
 }
 
 std::string SettingsStore::Read(std::string_view section, std::string_view key) const {
+  std::string value;
+  ReadInto(section, {&key, 1}, {&value, 1});
+  return value;
+}
+
+void SettingsStore::ReadInto(std::string_view section, std::span<const std::string_view> keys,
+                             std::span<std::string> values) const {
   try {
     const std::string text = ReadWholeFile(file_);
-    const Place place = FindSetting(text, section, key);
-    if (place.value)
-      return text.substr(place.value->first, place.value->second - place.value->first);
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+      const Place place = FindSetting(text, section, keys[i]);
+      if (!place.value) continue;
+      values[i] = text.substr(place.value->first, place.value->second - place.value->first);
+    }
   } catch (const Failure&) {
     // A store that cannot be read has no values, as one that is not there; the
     // user is told when the next value is written.
   }
-  return {};
 }
 
 void SettingsStore::Write(std::string_view section, std::string_view key,
