@@ -8,10 +8,18 @@ namespace vorlane::posting {
 namespace {
 
 constexpr VoucherColumn kColumns[] = {
-    columns::kVchType,       columns::kVchNo,         columns::kVchDate,
-    columns::kRefNo,         columns::kLedger,        columns::kDebit,
-    columns::kCredit,        columns::kNarration,     columns::kNeededAdjMethod,
-    columns::kNeededAdjName, columns::kNeededAdjDate, columns::kNeededAdjAmount,
+    columns::kVchType,
+    columns::kVchNo,
+    columns::kVchDate,
+    columns::kRefNo,
+    columns::kLedger,
+    columns::kDebit,
+    columns::kCredit,
+    columns::kNarration,
+    columns::Needed(columns::kAdjMethod),
+    columns::Needed(columns::kAdjName),
+    columns::Needed(columns::kAdjDate),
+    columns::Needed(columns::kAdjAmount),
 };
 
 /// Credit and debit notes: CRDRNOTES. Every row is a ledger entry with a bill,
@@ -25,9 +33,8 @@ class CreditDebitNotes : public VoucherFamily {
 
   void StageRow(VoucherRun& run) override {
     const SignedAmount side = LedgerSign(run.row);
-    const std::string ldEID = Id(run.counters.LdEID);
-    run.Writers().AddLedgerEntry(run.Company(), LedgerEntryOf(run, side), run.VchID(), ldEID);
-    run.Writers().AddBillAllocation(run.Company(), BillOf(run, side.sign), run.VchID(), ldEID, "1");
+    StageEntry(run, LedgerEntryOf(run, side));
+    StageOnlyBill(run, BillOf(run, side.sign));
     ++run.counters.LdEID;
   }
 };

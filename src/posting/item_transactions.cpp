@@ -8,12 +8,23 @@ namespace vorlane::posting {
 namespace {
 
 constexpr VoucherColumn kColumns[] = {
-    columns::kVchType,        columns::kVchNo,          columns::kVchDate,
-    columns::kRefNo,          columns::kLedger,         columns::kDebit,
-    columns::kCredit,         columns::kNarration,      columns::kNeededAdjMethod,
-    columns::kNeededAdjName,  columns::kNeededAdjDate,  columns::kNeededAdjAmount,
-    columns::kNeededItemName, columns::kNeededQuantity, columns::kNeededRate,
-    columns::kNeededUnit,     columns::kNeededGodown,
+    columns::kVchType,
+    columns::kVchNo,
+    columns::kVchDate,
+    columns::kRefNo,
+    columns::kLedger,
+    columns::kDebit,
+    columns::kCredit,
+    columns::kNarration,
+    columns::Needed(columns::kAdjMethod),
+    columns::Needed(columns::kAdjName),
+    columns::Needed(columns::kAdjDate),
+    columns::Needed(columns::kAdjAmount),
+    columns::Needed(columns::kItemName),
+    columns::Needed(columns::kQuantity),
+    columns::Needed(columns::kRate),
+    columns::Needed(columns::kUnit),
+    columns::Needed(columns::kGodownName),
 };
 
 /// Invoices by rows that are either a stock line or a ledger entry: ITEM
@@ -66,12 +77,8 @@ class ItemTransactions : public VoucherFamily {
   }
 
   static void StageLedgerRow(VoucherRun& run, const SignedAmount& side) {
-    const std::string ldEID = Id(run.counters.LdEID);
-    run.Writers().AddLedgerEntry(run.Company(), LedgerEntryOf(run, side), run.VchID(), ldEID);
-    if (!run.row.AdjName.empty()) {
-      run.Writers().AddBillAllocation(run.Company(), BillOf(run, side.sign), run.VchID(), ldEID,
-                                      "1");
-    }
+    StageEntry(run, LedgerEntryOf(run, side));
+    if (!run.row.AdjName.empty()) StageOnlyBill(run, BillOf(run, side.sign));
     ++run.counters.LdEID;
   }
 };

@@ -74,11 +74,11 @@ constexpr VoucherColumn kNoteColumns[] = {
     columns::kOrderNos,
     columns::kOrderDates,
     // Only notes.
-    columns::kNeededItemName,
-    columns::kNeededQuantity,
-    columns::kNeededRate,
-    columns::kNeededUnit,
-    columns::kNeededGodown,
+    columns::Needed(columns::kItemName),
+    columns::Needed(columns::kQuantity),
+    columns::Needed(columns::kRate),
+    columns::Needed(columns::kUnit),
+    columns::Needed(columns::kGodownName),
     columns::kTrackingNo,
 };
 
@@ -137,17 +137,9 @@ class StockOrLedgerRows : public VoucherFamily {
   }
 
   static void StageLedgerRow(VoucherRun& run, const SignedAmount& side) {
-    const std::string ldEID = Id(run.counters.LdEID);
-    run.Writers().AddLedgerEntry(run.Company(), LedgerEntryOf(run, side), run.VchID(), ldEID);
-    if (!run.row.AdjName.empty()) {
-      run.Writers().AddBillAllocation(run.Company(), BillOf(run, side.sign), run.VchID(), ldEID,
-                                      "1");
-    }
-    DefaultCostCategory(run.row);
-    if (!run.row.CostCentre.empty()) {
-      run.Writers().AddCategoryAllocation(run.Company(), CostOf(run.row, ""), run.VchID(), ldEID,
-                                          Id(++run.counters.CAID));
-    }
+    StageEntry(run, LedgerEntryOf(run, side));
+    if (!run.row.AdjName.empty()) StageOnlyBill(run, BillOf(run, side.sign));
+    if (!run.row.CostCentre.empty()) StageCost(run, "");
     ++run.counters.LdEID;
   }
 };

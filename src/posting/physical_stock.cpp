@@ -8,9 +8,18 @@ namespace vorlane::posting {
 namespace {
 
 constexpr VoucherColumn kColumns[] = {
-    columns::kVchType,        columns::kVchNo,        columns::kVchDate,       columns::kRefNo,
-    columns::kNeededItemName, columns::kNarration,    columns::kGodownName,    columns::kBatchName,
-    columns::kMfdDate,        columns::kExpiryPeriod, columns::kBatchQuantity, columns::kBatchUnit,
+    columns::kVchType,
+    columns::kVchNo,
+    columns::kVchDate,
+    columns::kRefNo,
+    columns::Needed(columns::kItemName),
+    columns::kNarration,
+    columns::kGodownName,
+    columns::kBatchName,
+    columns::kMfdDate,
+    columns::kExpiryPeriod,
+    columns::kBatchQuantity,
+    columns::kBatchUnit,
     columns::kBatchAmount,
 };
 

@@ -51,20 +51,11 @@ void PutInvoiceDetails(const VoucherRow& row, staging::VoucherRec& head);
 
 namespace columns {
 // clang-format off
-inline constexpr VoucherColumn kNeededAdjMethod{"ADJMETHOD", &VoucherRow::AdjMethod, Need::Required};
-inline constexpr VoucherColumn kNeededAdjName  {"ADJNAME",   &VoucherRow::AdjName,   Need::Required};
-inline constexpr VoucherColumn kNeededAdjDate  {"ADJDATE",   &VoucherRow::AdjDate,   Need::Required};
-inline constexpr VoucherColumn kNeededAdjAmount{"ADJAMOUNT", &VoucherRow::AdjAmount, Need::Required, Reading::Amount};
 inline constexpr VoucherColumn kItemName       {"ITEMNAME",  &VoucherRow::ItemName};
-inline constexpr VoucherColumn kNeededItemName {"ITEMNAME",  &VoucherRow::ItemName,  Need::Required};
 inline constexpr VoucherColumn kQuantity       {"QUANTITY",  &VoucherRow::Quantity,  Need::Optional, Reading::Formatted};
-inline constexpr VoucherColumn kNeededQuantity {"QUANTITY",  &VoucherRow::Quantity,  Need::Required, Reading::Formatted};
 inline constexpr VoucherColumn kUnit           {"UNIT",      &VoucherRow::Unit};
-inline constexpr VoucherColumn kNeededUnit     {"UNIT",      &VoucherRow::Unit,      Need::Required};
 inline constexpr VoucherColumn kRate           {"RATE",      &VoucherRow::Rate,      Need::Optional, Reading::Formatted};
-inline constexpr VoucherColumn kNeededRate     {"RATE",      &VoucherRow::Rate,      Need::Required, Reading::Formatted};
 inline constexpr VoucherColumn kGodownName     {"GODOWNNAME", &VoucherRow::GodownName};
-inline constexpr VoucherColumn kNeededGodown   {"GODOWNNAME", &VoucherRow::GodownName, Need::Required};
 inline constexpr VoucherColumn kBatchName      {"BATCHNAME", &VoucherRow::BatchName};
 inline constexpr VoucherColumn kMfdDate        {"MFDDATE",   &VoucherRow::MfdDate};
 inline constexpr VoucherColumn kExpiryPeriod   {"EXPIRYPERIOD", &VoucherRow::ExpiryPeriod};

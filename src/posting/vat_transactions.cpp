@@ -1,6 +1,7 @@
 #include "platform/runtime/number.h"
 #include "platform/runtime/text.h"
 #include "posting/stock_rules.h"
+#include "posting/tax_bills.h"
 #include "posting/voucher_loops.h"
 #include "posting/voucher_run.h"
 
@@ -19,10 +20,10 @@ constexpr VoucherColumn kColumns[] = {
     columns::kDebit,
     columns::kCredit,
     columns::kNarration,
-    columns::kNeededAdjMethod,
-    columns::kNeededAdjName,
-    columns::kNeededAdjDate,
-    columns::kNeededAdjAmount,
+    columns::Needed(columns::kAdjMethod),
+    columns::Needed(columns::kAdjName),
+    columns::Needed(columns::kAdjDate),
+    columns::Needed(columns::kAdjAmount),
     // The head.
     columns::kRefDate,
     {"TAXADJUSTMENT", &VoucherRow::TaxAdjustment},
@@ -132,14 +133,11 @@ class VATTransactions : public VoucherFamily {
     if (!run.row.Ledger.empty()) StageLedger(run, side);
     if (!platform::Trim(run.row.ItemName).empty()) StageStockLine(run, side);
     if (HasServiceTax(run.row)) {
-      StageTaxBill(run);
+      StageTaxBill(run, TaxBillOf(run.row, TaxBillForm::VAT));
     } else {
       StagePlainBill(run);
     }
-    if (!run.row.CostCentre.empty()) {
-      run.Writers().AddCategoryAllocation(run.Company(), CostOf(run.row, side.sign), run.VchID(),
-                                          Id(run.counters.LdEID), Id(++run.counters.CAID));
-    }
+    if (!run.row.CostCentre.empty()) StageCost(run, side.sign);
   }
 
  private:
@@ -208,25 +206,6 @@ class VATTransactions : public VoucherFamily {
                                       Id(run.counters.LdEID), Id(++bankNumber_));
     }
     ++run.counters.BiAID;
-  }
-
-  /// How this type's service tax figures are mapped onto the fields of a tax bill.
-  static void StageTaxBill(VoucherRun& run) {
-    const VoucherRow& row = run.row;
-    staging::TaxBillAllocationRec bill;
-    bill.Name_ = row.AdjName;
-    bill.BillType_ = row.AdjMethod;
-    bill.IsInputAvail_ = "No";
-    bill.IsPureAgentBill_ = "No";
-    bill.TDSTaxRate_ = row.TaxRate;
-    bill.TDSSurcharge_ = "2";
-    bill.STSecondaryCessRate_ = "1";
-    bill.Amount_ = row.AdjAmount;
-    bill.SurchargeAmount_ = row.ServiceTax;
-    bill.AddlSurchargeAmount_ = row.Cess;
-    bill.STSecondaryCessAmount_ = row.SecCess;
-    run.Writers().AddTaxBillAllocation(run.Company(), bill, run.VchID(), Id(run.counters.LdEID),
-                                       "1");
   }
 
   // These go on through the whole run.
