@@ -69,12 +69,6 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
   }
 }
 
-void AppendToFile(const std::filesystem::path& path, std::string_view text) {
-  FileWriter writer(path, FileWriter::Start::AtEnd);
-  writer.Write(text);
-  writer.Close();
-}
-
 FileWriter::FileWriter(std::filesystem::path path, Start start)
     : path_(std::move(path)),
       fd_(FileHandle(path_, O_WRONLY | O_CREAT | (start == Start::Empty ? O_TRUNC : O_APPEND))
