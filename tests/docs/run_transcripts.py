@@ -17,7 +17,9 @@ import re
 import subprocess
 import sys
 import tempfile
+import threading
 
+TIME_LIMIT = 30  # seconds for one command; its shell is gone then, and the rest fails
 END_MARK = "--- end of command ---"
 BLOCK = re.compile(r"^```console\n(.*?)^```$", re.MULTILINE | re.DOTALL)
 
@@ -39,17 +41,19 @@ class Surroundings:
         self.port = self.gateway.stdout.readline().strip().rpartition(":")[2]
         self.shell = subprocess.Popen(
             ["bash"], env=environment, cwd=scratch, stdin=subprocess.PIPE,
-            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, encoding="utf-8",
-            newline="\n")
+            stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, encoding="utf-8")
 
     def run(self, command):
         # Only a here-document may be read: a program that asks for more gets nothing.
         command = re.sub(r"\b9000\b", self.port, command)
         self.shell.stdin.write(f"{{ {command}\n}} </dev/null\necho; echo '{END_MARK}'\n")
         self.shell.stdin.flush()
+        watchdog = threading.Timer(TIME_LIMIT, self.shell.kill)
+        watchdog.start()
         lines = []
         while (line := self.shell.stdout.readline()) and line.rstrip("\n") != END_MARK:
-            lines.append(line.rstrip("\r\n"))
+            lines.append(line.rstrip("\n"))
+        watchdog.cancel()
         # The echo ends a last line without line end, or is an empty line of its own.
         if lines and not lines[-1]:
             lines.pop()
@@ -68,7 +72,7 @@ def steps_of(block):
     for line in block.splitlines():
         if line.startswith("$ "):
             steps.append(([line], []))
-        elif line.startswith("> ") and not steps[-1][1]:
+        elif re.match(r">( |$)", line) and not steps[-1][1]:
             steps[-1][0].append(line)
         else:
             steps[-1][1].append(line)
