@@ -12,14 +12,11 @@ namespace vorlane::bench {
 
 namespace {
 
-constexpr std::array<std::string_view, 8> kLedgers = {"Sharma & Sons, Mumbai Central Branch",
-                                                      "HDFC Bank Current Account 50200012345678",
-                                                      "Sales of Cotton Shirts within the State",
-                                                      "Output CGST 9% on Sales within the State",
-                                                      "Output SGST 9% on Sales within the State",
-                                                      "Purchase of Raw Cotton from Registered",
-                                                      "राजेश किराना स्टोर",
-                                                      "Hotel \"Taj\" and Restaurant, Colaba"};
+constexpr std::array<std::string_view, 8> kLedgers = {
+    "Sharma & Sons, Mumbai",   "HDFC Bank Current Account",
+    "Sales of Cotton Shirts",  "Output CGST 9% on Sales",
+    "Output SGST 9% on Sales", "Purchase of Raw Cotton",
+    "राजेश किराना स्टोर",        "Hotel \"Taj\" and Restaurant, Colaba"};
 constexpr std::array<std::string_view, 4> kTypes = {"Sales", "Receipt", "Payment", "Journal"};
 constexpr std::array<std::string_view, 4> kNarrations = {
     "Goods sold on credit as per the order of the buyer, delivered by road",
@@ -66,7 +63,7 @@ class RowMaker {
     AppendField(line, "BILL/2024-25/" + std::to_string(voucher_));
     AppendField(line, "30 Days");
     AppendField(line, amount);
-    AppendField(line, isFirst ? "" : "Cotton shirts of 20 pieces each");
+    AppendField(line, isFirst ? "" : "20 cotton shirts");
     line += "\r\n";
   }
 
@@ -88,15 +85,13 @@ class RowMaker {
   std::uint64_t left_ = 0;
 };
 
-}  // namespace
-
-std::uint64_t WriteTransactionsCsv(const std::string& path, std::uint64_t rows) {
+/// Writes a file of a header and rows, a megabyte at a time; gives its size.
+template <class AppendRow>
+std::uint64_t WriteCsv(const std::string& path, std::string text, std::uint64_t rows,
+                       AppendRow&& appendRow) {
   const std::unique_ptr<std::FILE, int (*)(std::FILE*)> file(std::fopen(path.c_str(), "wb"),
                                                              std::fclose);
   if (!file) throw std::system_error(errno, std::generic_category(), path);
-  std::string text =
-      "SrNo,VchType,VchNo,VchDate,RefNo,Ledger,Debit,Credit,Narration,"
-      "AdjMethod,AdjName,AdjDate,AdjAmount,LineNarration\r\n";
   std::uint64_t size = 0;
   const auto flush = [&] {
     size += text.size();
@@ -105,14 +100,36 @@ std::uint64_t WriteTransactionsCsv(const std::string& path, std::uint64_t rows) 
     }
     text.clear();
   };
-  RowMaker maker;
   for (std::uint64_t serial = 1; serial <= rows; ++serial) {
-    maker.AppendRow(serial, text);
+    appendRow(serial, text);
     if (text.size() > (1 << 20)) flush();
   }
   flush();
   if (std::fflush(file.get()) != 0) throw std::system_error(errno, std::generic_category(), path);
   return size;
+}
+
+}  // namespace
+
+std::uint64_t WriteTransactionsCsv(const std::string& path, std::uint64_t rows) {
+  RowMaker maker;
+  return WriteCsv(path,
+                  "SrNo,VchType,VchNo,VchDate,RefNo,Ledger,Debit,Credit,Narration,"
+                  "AdjMethod,AdjName,AdjDate,AdjAmount,LineNarration\r\n",
+                  rows,
+                  [&](std::uint64_t serial, std::string& line) { maker.AppendRow(serial, line); });
+}
+
+std::uint64_t WriteLedgerGroupsCsv(const std::string& path, std::uint64_t rows) {
+  return WriteCsv(path, "Name,NameAlias,Parent,SubLedger\r\n", rows,
+                  [](std::uint64_t serial, std::string& line) {
+                    const std::string number = std::to_string(serial);
+                    line += "Debtors - Route " + number;
+                    AppendField(line, serial % 3 == 0 ? "DR" + number : "");
+                    AppendField(line, "Sundry Debtors");
+                    AppendField(line, serial % 2 == 0 ? "Yes" : "No");
+                    line += "\r\n";
+                  });
 }
 
 }  // namespace vorlane::bench

@@ -12,4 +12,7 @@ namespace vorlane::bench {
 /// number. Returns the file's size; fails with std::system_error.
 std::uint64_t WriteTransactionsCsv(const std::string& path, std::uint64_t rows);
 
+/// Writes LEDGER GROUPS rows likewise: every third has an alias, each its parent.
+std::uint64_t WriteLedgerGroupsCsv(const std::string& path, std::uint64_t rows);
+
 }  // namespace vorlane::bench

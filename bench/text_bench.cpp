@@ -6,7 +6,6 @@
 
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -14,54 +13,29 @@
 #include <string>
 #include <vector>
 
-#include <sys/resource.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
+#include "bench/child_process.h"
 #include "bench/make_csv.h"
 #include "platform/data/connection.h"
 
 namespace {
 
+using vorlane::bench::Measured;
+using vorlane::bench::RunChild;
 using vorlane::platform::OpenConnection;
 using vorlane::platform::Provider;
-
-struct Measured {
-  bool succeeded = false;
-  double seconds = 0;
-  double megabytes = 0;
-};
 
 struct Contender {
   const char* name;
   std::vector<std::string> command;
 };
 
-Measured Run(const std::vector<std::string>& command) {
-  std::vector<char*> arguments;
-  for (const std::string& word : command) arguments.push_back(const_cast<char*>(word.c_str()));
-  arguments.push_back(nullptr);
-  const auto start = std::chrono::steady_clock::now();
-  const pid_t child = ::fork();
-  if (child == 0) {
-    // A contender that is not installed is left out without its complaint.
-    if (std::freopen("/dev/null", "w", stderr) == nullptr) ::_exit(126);
-    ::execvp(arguments[0], arguments.data());
-    ::_exit(127);
-  }
-  int status = 0;
-  rusage usage = {};
-  if (child < 0 || ::wait4(child, &status, 0, &usage) != child) return {};
-  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-  return {WIFEXITED(status) && WEXITSTATUS(status) == 0, taken.count(),
-          static_cast<double>(usage.ru_maxrss) / 1024};
-}
-
 // The best of three: the others were disturbed.
 Measured RunBest(const std::vector<std::string>& command) {
-  Measured best = Run(command);
+  Measured best = RunChild(command);
   for (int again = 0; again < 2 && best.succeeded; ++again) {
-    const Measured next = Run(command);
+    const Measured next = RunChild(command);
     best.seconds = std::min(best.seconds, next.seconds);
     best.megabytes = std::min(best.megabytes, next.megabytes);
   }

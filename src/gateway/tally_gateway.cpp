@@ -12,8 +12,8 @@
 namespace vorlane::gateway {
 
 std::string TallyGateway::GatewayUrl() const {
-  return "http://" + settings_.Read("Config", "ServerAddress") + ":" +
-         settings_.Read("Config", "PortNo");
+  const auto [server, port] = settings_.ReadAll("Config", {"ServerAddress", "PortNo"});
+  return "http://" + server + ":" + port;
 }
 
 std::string RewriteReservedValues(std::string xmlText) {

@@ -44,7 +44,7 @@ class PlainTransactions : public VoucherFamily {
     const SignedAmount signedAmount = LedgerSign(run.row);
     staging::LedgerEntryRec entry = LedgerEntryOf(run, signedAmount);
     entry.Narration_ = run.row.LineNarration;
-    run.Writers().AddLedgerEntry(run.Company(), entry, run.VchID(), Id(run.counters.LdEID));
+    StageEntry(run, entry);
     if (!run.row.AdjName.empty()) StageBill(run, signedAmount.sign);
   }
 };

@@ -13,9 +13,7 @@ staging::VoucherRec DefaultHead(const VoucherRow& row, const std::string& key) {
   head.GUID_ = key;
   head.VoucherTypeName_ = row.VchType;
   head.VoucherNumber_ = row.VchNo;
-  head.PartyLedgerName_ = row.Ledger;
-  head.BasePartyName_ = row.Ledger;
-  head.BasicBuyerName_ = row.Ledger;
+  SetParty(head, row.Ledger);
   head.Reference_ = row.RefNo;
   head.RefDate_ = row.RefDate;
   head.Narration_ = row.Narration;
@@ -35,7 +33,14 @@ staging::VoucherRec DefaultHead(const VoucherRow& row, const std::string& key) {
   return head;
 }
 
+void SetParty(staging::VoucherRec& head, const std::string& ledger) {
+  head.PartyLedgerName_ = ledger;
+  head.BasePartyName_ = ledger;
+  head.BasicBuyerName_ = ledger;
+}
+
 double NumberOf(std::string_view formattedAmount) {
+  if (formattedAmount.empty()) return 0;
   if (const auto number = platform::ParseNumber(formattedAmount)) return *number;
   throw platform::Failure(platform::failure_number::kTypeMismatch, "VoucherRun",
                           "The amount '" + std::string(formattedAmount) +
@@ -46,20 +51,30 @@ std::string Negated(std::string_view formattedAmount) {
   return platform::NumberText(NumberOf(formattedAmount) * -1);
 }
 
+SignedAmount DebitOf(const std::string& formattedAmount) {
+  return {"-", "-" + formattedAmount, "Yes"};
+}
+
+SignedAmount CreditOf(const std::string& formattedAmount) { return {"", formattedAmount, "No"}; }
+
 SignedAmount LedgerSign(const VoucherRow& row) {
-  if (platform::Val(row.Debit) == 0) return {"", row.Credit, "No"};
+  if (platform::Val(row.Debit) == 0) return CreditOf(row.Credit);
   return {"-", Negated(row.Debit), "Yes"};
 }
 
-staging::LedgerEntryRec LedgerEntryOf(const VoucherRun& run, const SignedAmount& signedAmount) {
+staging::LedgerEntryRec EntryOf(const std::string& ledger, const SignedAmount& side, bool isParty) {
   staging::LedgerEntryRec entry;
-  entry.LedgerName_ = run.row.Ledger;
+  entry.LedgerName_ = ledger;
   entry.LedgerFromItem_ = "No";
   entry.RemoveZeroEntries_ = "No";
-  entry.IsPartyLedger_ = run.counters.LdEID == 1 ? "Yes" : "No";
-  entry.Amount_ = signedAmount.amount;
-  entry.IsDeemedPositive_ = signedAmount.isDeemedPositive;
+  entry.IsPartyLedger_ = isParty ? "Yes" : "No";
+  entry.Amount_ = side.amount;
+  entry.IsDeemedPositive_ = side.isDeemedPositive;
   return entry;
+}
+
+staging::LedgerEntryRec LedgerEntryOf(const VoucherRun& run, const SignedAmount& side) {
+  return EntryOf(run.row.Ledger, side, run.counters.LdEID == 1);
 }
 
 staging::BillAllocationRec BillOf(const VoucherRun& run, std::string_view sign) {
@@ -67,6 +82,8 @@ staging::BillAllocationRec BillOf(const VoucherRun& run, std::string_view sign) 
   bill.Name_ = run.row.AdjName;
   bill.BillType_ = run.row.AdjMethod;
   bill.BillCreditPeriod_ = run.row.AdjDate;
+  // Formatted a second time, from what Val makes of the formatted cell: a pattern
+  // with thousands commas cuts the amount at the first.
   bill.Amount_ = std::string(sign) + run.FormatAmount(platform::Val(run.row.AdjAmount));
   return bill;
 }
@@ -102,6 +119,14 @@ staging::CategoryAllocationRec CostOf(const VoucherRow& row, std::string_view si
   return {row.CostCategory, row.CostCentre, std::string(sign) + row.CostAmount};
 }
 
+void StageEntry(VoucherRun& run, const staging::LedgerEntryRec& entry) {
+  run.Writers().AddLedgerEntry(run.Company(), entry, run.VchID(), Id(run.counters.LdEID));
+}
+
+void StageOnlyBill(VoucherRun& run, const staging::BillAllocationRec& bill) {
+  run.Writers().AddBillAllocation(run.Company(), bill, run.VchID(), Id(run.counters.LdEID), "1");
+}
+
 void StageBill(VoucherRun& run, std::string_view sign) {
   if (run.row.AdjMethod.empty()) run.row.AdjMethod = "New Ref";
   ++run.counters.BiAID;
@@ -109,10 +134,17 @@ void StageBill(VoucherRun& run, std::string_view sign) {
                                   Id(run.counters.LdEID), Id(run.counters.BiAID));
 }
 
-void StageBank(VoucherRun& run) {
+void StageBank(VoucherRun& run, std::string_view sign) {
   ++run.counters.BAaID;
-  run.Writers().AddBankAllocation(run.Company(), BankOf(run.row), run.VchID(),
+  run.Writers().AddBankAllocation(run.Company(), BankOf(run.row, sign), run.VchID(),
                                   Id(run.counters.LdEID), Id(run.counters.BAaID));
+}
+
+void StageCost(VoucherRun& run, std::string_view sign) {
+  DefaultCostCategory(run.row);
+  ++run.counters.CAID;
+  run.Writers().AddCategoryAllocation(run.Company(), CostOf(run.row, sign), run.VchID(),
+                                      Id(run.counters.LdEID), Id(run.counters.CAID));
 }
 
 }  // namespace vorlane::posting

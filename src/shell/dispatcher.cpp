@@ -31,14 +31,20 @@ constexpr std::pair<std::string_view, Loop> kFormatLoops[] = {
 
 /// The loops that are built.
 constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
+    {Loop::PostBankStmt, posting::PostBankStmt},
     {Loop::PostCostCategories, masters::PostCostCategories},
     {Loop::PostCostCentres, masters::PostCostCentres},
+    {Loop::PostCostTransaction, posting::PostCostTransaction},
     {Loop::PostGodowns, masters::PostGodowns},
     {Loop::PostLedgerGroups, masters::PostLedgerGroups},
     {Loop::PostLedgers, masters::PostLedgers},
+    {Loop::PostQuickTransaction, posting::PostQuickTransaction},
+    {Loop::PostSTTDSTransaction, posting::PostSTTDSTransaction},
+    {Loop::PostServTaxTransaction, posting::PostServTaxTransaction},
     {Loop::PostStockCategories, masters::PostStockCategories},
     {Loop::PostStockGroups, masters::PostStockGroups},
     {Loop::PostStockItems, masters::PostStockItems},
+    {Loop::PostTDSTransaction, posting::PostTDSTransaction},
     {Loop::PostTransaction, posting::PostTransaction},
     {Loop::PostUnits, masters::PostUnits},
 };

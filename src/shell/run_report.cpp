@@ -53,8 +53,7 @@ void SaveReport(ImportForm& importForm, const std::filesystem::path& path) {
     for (std::size_t row = 1; row <= grid.RowCount(); ++row) {
       if (nameColumn == 0) nameColumn = grid.ColumnIndex(nameKey);
       report.Write(PadName(grid.Text(row, nameColumn)));
-      report.Write(grid.Text(row, grid.ColumnCount()));
-      report.Write("\r\n");
+      report.WriteLine(grid.Text(row, grid.ColumnCount()));
     }
     report.Close();
   });

@@ -126,7 +126,7 @@ constexpr VoucherTag kAccounting[] = {
     {"TAXCLASSIFICATIONNAME", "TaxClassificationName_"},
     {"VATASSESSABLEVALUE",    "VATAssessableValue_",    TagRule::IfNotZero},
     {"TDSPARTYNAME",          "TDSPartyName_"},
-    {"BASICRATEOFINVOICETAX", "BasicRateOfInvoiceTax_", TagRule::RateList},
+    {"BASICRATEOFINVOICETAX", "BasicRateOfInvoiceTax_", TagRule::PlainRateList},
 };
 constexpr VoucherList kAccountingAllocations{
     "ACCOUNTINGALLOCATIONS.LIST", "AccountingAllocation", "AcAID", "FK_InEID", kAccounting};

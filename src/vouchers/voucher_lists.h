@@ -12,6 +12,7 @@ enum class TagRule : std::uint8_t {
   IfAny,
   IfNotZero,      ///< when Val of the column is not zero
   RateList,       ///< the tag's own list around it, when Val without "%" is above zero
+  PlainRateList,  ///< the same by Val of the text as it stands, so "%5" gives none
   Constant,       ///< always, with the text that stands in the column's place
   BankEntryName,  ///< the voucher's GUID, the column and the row's Date_, run together
   ReferenceDate,  ///< a user-defined list around the date, when there is any

@@ -154,6 +154,9 @@ void VoucherWalk::WriteTag(const VoucherTag& tag, XmlNode* element, const Statem
     case TagRule::RateList:
       if (RateOf(text) > 0) builder_.AddElementIfAny(listOf(), tag.tag, text);
       break;
+    case TagRule::PlainRateList:
+      if (platform::Val(text) > 0) builder_.AddElementIfAny(listOf(), tag.tag, text);
+      break;
     case TagRule::Constant:
       builder_.AddElementIfAny(element, tag.tag, tag.column);
       break;

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <filesystem>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -25,6 +28,15 @@ class SettingsStore {
   /// Empty when the key, its section or the file is missing or cannot be read.
   std::string Read(std::string_view section, std::string_view key) const;
 
+  /// The same for several keys, in their order, from one reading of the file.
+  template <std::size_t Count>
+  std::array<std::string, Count> ReadAll(std::string_view section,
+                                         const std::string_view (&keys)[Count]) const {
+    std::array<std::string, Count> values;
+    ReadInto(section, keys, values);
+    return values;
+  }
+
   /// Leaves every other line as it stands. The new file takes the place of the
   /// old in one step, so a reader, or a power cut, finds the one or the other.
   /// A Failure: a value or name with a line break, a key with "=", a file or
@@ -32,6 +44,9 @@ class SettingsStore {
   void Write(std::string_view section, std::string_view key, std::string_view value) const;
 
  private:
+  void ReadInto(std::string_view section, std::span<const std::string_view> keys,
+                std::span<std::string> values) const;
+
   std::filesystem::path file_;
 };
 

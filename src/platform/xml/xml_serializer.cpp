@@ -1,10 +1,23 @@
 #include "platform/xml/xml_serializer.h"
 
+#include <array>
 #include <string_view>
 
 #include "platform/xml/xml_tree.h"
 
 namespace vorlane::platform {
+namespace {
+
+/// The bytes that do not go out as they stand.
+using SpecialBytes = std::array<bool, 256>;
+
+constexpr SpecialBytes MarkBytes(std::string_view bytes) {
+  SpecialBytes marked{};
+  for (const char byte : bytes) marked[static_cast<unsigned char>(byte)] = true;
+  return marked;
+}
+
+}  // namespace
 
 class XmlSerializer {
  public:
@@ -68,10 +81,13 @@ class XmlSerializer {
 
   // Everything that is not in `special` goes out as it stands, line ends and
   // characters that XML forbids included.
-  void Escaped(std::string_view text, std::string_view special) {
+  void Escaped(std::string_view text, const SpecialBytes& special) {
     std::size_t from = 0;
-    for (std::size_t at; (at = text.find_first_of(special, from)) != text.npos; from = at + 1)
+    for (std::size_t at = 0; at < text.size(); ++at) {
+      if (!special[static_cast<unsigned char>(text[at])]) continue;
       out_.append(text, from, at - from).append(Reference(text[at]));
+      from = at + 1;
+    }
     out_.append(text, from);
   }
 
@@ -90,9 +106,9 @@ class XmlSerializer {
     }
   }
 
-  static constexpr std::string_view kVerbatim = "\xFF";
-  static constexpr std::string_view kInText = "&<>\xFF";
-  static constexpr std::string_view kInAttribute = "&<>\"\xFF";
+  static constexpr SpecialBytes kVerbatim = MarkBytes("\xFF");
+  static constexpr SpecialBytes kInText = MarkBytes("&<>\xFF");
+  static constexpr SpecialBytes kInAttribute = MarkBytes("&<>\"\xFF");
 
   std::string out_;
 };
