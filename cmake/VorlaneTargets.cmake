@@ -56,6 +56,6 @@ function(vorlane_test name)
   endforeach()
   target_compile_definitions(test_${name} PRIVATE
     VORLANE_TEST_DATA="${CMAKE_SOURCE_DIR}/tests/data")
-  gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60
+  gtest_discover_tests(test_${name} TEST_PREFIX ${name}. DISCOVERY_TIMEOUT 60 NO_PRETTY_VALUES
     PROPERTIES TIMEOUT 120)
 endfunction()

@@ -1,5 +1,6 @@
 #include "form/import_grid.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "platform/runtime/failure.h"
@@ -18,7 +19,8 @@ void ImportGrid::Clear() {
   source_.reset();
   sourceRows_ = {};
   added_.reset();
-  overwritten_.clear();
+  overwritten_ = {};
+  overwrittenTexts_.reset();
   marks_ = {};
   currentRow_ = 0;
 }
@@ -60,10 +62,18 @@ std::size_t ImportGrid::AddSourceRow(std::size_t sourceRow) {
 
 std::optional<std::size_t> ImportGrid::FindColumn(std::string_view key) const {
   const std::string_view wanted = platform::Trim(key);
-  for (std::size_t i = 0; i < columns_.size(); ++i) {
-    if (platform::EqualsNoCase(platform::Trim(columns_[i].key), wanted)) return i + 1;
+  const auto isWanted = [&](const GridColumn& column) {
+    return platform::EqualsNoCase(platform::Trim(column.key), wanted);
+  };
+  // What the load added comes first: a sheet that was saved with its statuses
+  // must not take the new ones, which the report would then miss.
+  const auto added = columns_.begin() + static_cast<std::ptrdiff_t>(sourceColumns_);
+  auto found = std::find_if(added, columns_.end(), isWanted);
+  if (found == columns_.end()) {
+    found = std::find_if(columns_.begin(), added, isWanted);
+    if (found == added) return std::nullopt;
   }
-  return std::nullopt;
+  return static_cast<std::size_t>(found - columns_.begin()) + 1;
 }
 
 std::size_t ImportGrid::ColumnIndex(std::string_view key) const {
@@ -91,7 +101,7 @@ std::string_view ImportGrid::Text(std::size_t row, std::size_t column) const {
   if (column > sourceColumns_) return added_->Cell(row - 1, column - sourceColumns_ - 1);
   if (!overwritten_.empty()) {
     const auto found = overwritten_.find(CellKey(row, column));
-    if (found != overwritten_.end()) return found->second;
+    if (found != overwritten_.end()) return overwrittenTexts_->Cell(found->second, 0);
   }
   const std::uint32_t sourceRow = sourceRows_[row - 1];
   return sourceRow == kNoSource ? std::string_view() : source_->Cell(sourceRow, column - 1);
@@ -102,8 +112,15 @@ void ImportGrid::SetText(std::size_t row, std::size_t column, std::string_view t
   if (column > sourceColumns_) {
     added_->Set(row - 1, column - sourceColumns_ - 1, text);
   } else {
-    overwritten_[CellKey(row, column)] = text;
+    Overwrite(CellKey(row, column), text);
   }
+}
+
+void ImportGrid::Overwrite(std::uint64_t cell, std::string_view text) {
+  if (!overwrittenTexts_) overwrittenTexts_ = std::make_unique<platform::TextTable>(1);
+  const auto [place, isNew] = overwritten_.try_emplace(cell, overwrittenTexts_->Rows());
+  if (isNew) overwrittenTexts_->AppendRow();
+  overwrittenTexts_->Set(place->second, 0, text);
 }
 
 void ImportGrid::ShareTextFromAbove(std::size_t row, std::size_t column) {

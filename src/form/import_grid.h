@@ -68,7 +68,8 @@ class ImportGrid {
   const GridColumn& Column(std::size_t column) const { return columns_[column - 1]; }
   void SetTag(std::size_t column, std::string tag) { columns_[column - 1].tag = std::move(tag); }
 
-  /// The number of the column with that key, outer blanks and case aside.
+  /// The number of the column with that key, outer blanks and case aside; of a
+  /// column that the load added before one of the source.
   std::optional<std::size_t> FindColumn(std::string_view key) const;
   /// The same; fails when there is no such column.
   std::size_t ColumnIndex(std::string_view key) const;
@@ -99,13 +100,17 @@ class ImportGrid {
 
   void CheckCell(std::size_t row, std::size_t column) const;
   std::size_t PushRow(std::uint32_t sourceRow);
+  void Overwrite(std::uint64_t cell, std::string_view text);
 
   std::vector<GridColumn> columns_;
   std::size_t sourceColumns_ = 0;
   std::shared_ptr<const platform::TextTable> source_;
   std::vector<std::uint32_t> sourceRows_;  // per grid row, kNoSource for an empty one
   std::unique_ptr<platform::TextTable> added_;
-  std::unordered_map<std::uint64_t, std::string> overwritten_;  // source cells written since
+  // Source cells written since: where each one's text stands in the table of one
+  // column, which keeps earlier texts, so that views of them stay valid.
+  std::unordered_map<std::uint64_t, std::size_t> overwritten_;
+  std::unique_ptr<platform::TextTable> overwrittenTexts_;
   std::vector<RowMark> marks_;
   std::size_t currentRow_ = 0;
   bool redraw_ = true;

@@ -13,29 +13,41 @@ using platform::XmlNode;
 
 namespace {
 
-/// A form of answer: the element that shows it, the nodes to read, and what is
-/// put behind a line error.
+/// A form of answer: the element that shows it, the nodes to read, what is put
+/// behind a line error, and whether one inside an import result counts too.
 struct AnswerForm {
   std::string_view sign;
   std::string_view path;
   std::string_view separator;
+  bool readsResults;
 };
 
 // The forms do not exclude each other: one answer can feed two or three of them.
 // The blank of the new form is no slip; digests have always looked so.
 constexpr std::array<AnswerForm, 3> kForms{{
-    {"<RESPONSE>", "//RESPONSE", " - "},
-    {"<IMPORTRESULT>", "//IMPORTRESULT", " "},
-    {"<LINEERROR>", "//DATA", " - "},
+    {"<RESPONSE>", "//RESPONSE", " - ", false},
+    {"<IMPORTRESULT>", "//IMPORTRESULT", " ", false},
+    {"<LINEERROR>", "//DATA", " - ", true},
 }};
 
-void ReadChildren(const XmlNode* node, std::string_view separator, std::string& digest) {
-  for (const XmlNode* child = node->FirstChild(); child; child = child->NextSibling()) {
-    const std::string name(child->BaseName());
+void AddLineError(const XmlNode* node, const AnswerForm& form, std::string& digest) {
+  digest.append(node->Text()).append(form.separator);
+}
+
+void AddLineErrorsOfResult(const XmlNode* result, const AnswerForm& form, std::string& digest) {
+  for (const XmlNode* child : result->Children()) {
+    if (child->BaseName() == "LINEERROR") AddLineError(child, form, digest);
+  }
+}
+
+void ReadChildren(const XmlNode* node, const AnswerForm& form, std::string& digest) {
+  for (const XmlNode* child : node->Children()) {
+    const std::string name = child->BaseName();
     const std::string text = child->Text();
+    // The new form has told of these already; users know them said twice.
+    if (form.readsResults && name == "IMPORTRESULT") AddLineErrorsOfResult(child, form, digest);
     if (name == "LINEERROR") {
-      digest += text;
-      digest += separator;
+      AddLineError(child, form, digest);
     } else if (text == "1") {
       // Kept although a digest always ends in a separator and is never "0" or "1".
       if (digest == "0" || digest == "1") {
@@ -58,7 +70,7 @@ std::string ParseImportResult(std::string_view responseText, errors::Reporter& r
     for (const AnswerForm& form : kForms) {
       if (xml.find(form.sign) == std::string::npos) continue;
       for (const XmlNode* node : answer.SelectNodes(form.path)) {
-        ReadChildren(node, form.separator, digest);
+        ReadChildren(node, form, digest);
       }
     }
     if (digest.empty()) digest = responseText;

@@ -16,4 +16,10 @@ void PostStockCategories(form::ImportForm& importForm);
 void PostCostCategories(form::ImportForm& importForm);
 void PostCostCentres(form::ImportForm& importForm);
 
+/// The loops that gather several rows into one master and send it when another
+/// name comes up. PostLedgers never sends the last ledger of a grid: a closing
+/// row with one more name has to follow it.
+void PostLedgers(form::ImportForm& importForm);
+void PostStockItems(form::ImportForm& importForm);
+
 }  // namespace vorlane::masters

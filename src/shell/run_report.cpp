@@ -35,9 +35,11 @@ std::string Stamp(const ImportForm& importForm) {
   return platform::ReplaceAll(std::move(stamp), ":", ".");
 }
 
+/// Pasted together, since a company's name may begin with "/" and must not lead
+/// out of the folder.
 std::filesystem::path ReportPath(const ImportForm& importForm) {
-  return importForm.services.applicationFolder /
-         std::filesystem::path(importForm.CurrentCompany + " " + Stamp(importForm) + ".txt");
+  return importForm.services.applicationFolder.string() + "/" + importForm.CurrentCompany + " " +
+         Stamp(importForm) + ".txt";
 }
 
 }  // namespace
@@ -51,8 +53,7 @@ void SaveReport(ImportForm& importForm, const std::filesystem::path& path) {
     for (std::size_t row = 1; row <= grid.RowCount(); ++row) {
       if (nameColumn == 0) nameColumn = grid.ColumnIndex(nameKey);
       report.Write(PadName(grid.Text(row, nameColumn)));
-      report.Write(grid.Text(row, grid.ColumnCount()));
-      report.Write("\r\n");
+      report.WriteLine(grid.Text(row, grid.ColumnCount()));
     }
     report.Close();
   });

@@ -29,9 +29,11 @@ void ClearListAndGrid(ImportForm& importForm) {
 }
 
 /// Keeps the user's choice over a new list of the same source. Picking an entry
-/// reads its rows, so the grid never shows rows of another file.
+/// reads its rows, so the grid never shows rows of another file. A list that was
+/// left alone, for want of a file, still shows the choice and reads nothing.
 void PutBack(ImportForm& importForm, const std::string& remembered, bool caseMatters) {
   if (remembered.empty() || platform::EqualsNoCase(remembered, kTypePrompt)) return;
+  if (importForm.cmbTableName.text == remembered) return;
   for (const std::string& entry : importForm.cmbTableName.entries) {
     if (caseMatters ? entry == remembered : platform::EqualsNoCase(entry, remembered)) {
       PickTable(importForm, entry);

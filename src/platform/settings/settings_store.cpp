@@ -1,9 +1,11 @@
 #include "platform/settings/settings_store.h"
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <optional>
 #include <system_error>
+#include <thread>
 #include <utility>
 
 #include <fcntl.h>
@@ -113,6 +115,17 @@ void Replace(const fs::path& file, std::string_view text, int folder) {
   ::fsync(folder);
 }
 
+/// Waits a second at most: whoever holds the folder must not hold the program.
+void Lock(const FileHandle& folder, const fs::path& file) {
+  constexpr int kTries = 100;
+  for (int tries = 0; ::flock(folder.Get(), LOCK_EX | LOCK_NB) != 0; ++tries) {
+    // A file system without such locks is written without.
+    if (errno != EWOULDBLOCK && errno != EINTR) return;
+    if (tries == kTries) throw FileFailure("write", file, EWOULDBLOCK);
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+}
+
 void RequireOneLine(std::string_view section, std::string_view key, std::string_view value) {
   const auto broken = [](std::string_view text) {
     return text.find_first_of("\r\n") != std::string_view::npos;
@@ -163,8 +176,7 @@ void SettingsStore::Write(std::string_view section, std::string_view key,
   // Two processes that write at once must not undo each other's change. The
   // lock is on the folder because the file itself is exchanged.
   const FileHandle folder(file.parent_path(), O_RDONLY | O_DIRECTORY);
-  while (::flock(folder.Get(), LOCK_EX) != 0 && errno == EINTR) {
-  }
+  Lock(folder, file);
   const std::string text = ReadOrEmpty(file);
   std::string changed = WithSetting(text, section, key, value);
   if (changed != text) Replace(file, changed, folder.Get());

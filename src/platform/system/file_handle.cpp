@@ -9,9 +9,13 @@
 
 namespace vorlane::platform {
 
-FileHandle::FileHandle(const std::filesystem::path& path, int flags)
-    : fd_(::open(path.c_str(), flags | O_CLOEXEC, 0666)) {
+FileHandle::FileHandle(const std::filesystem::path& path, int flags) : fd_(-1) {
+  // The system would take the name as ending at the zero byte: another file.
+  if (path.native().find('\0') != std::string::npos) throw FileFailure("open", path, EINVAL);
+  // Not to block while opening: a pipe without another end would hold it for ever.
+  fd_ = ::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, 0666);
   if (fd_ < 0) throw FileFailure("open", path, errno);
+  ::fcntl(fd_, F_SETFL, ::fcntl(fd_, F_GETFL) & ~O_NONBLOCK);
 }
 
 FileHandle::~FileHandle() {

@@ -1,3 +1,4 @@
+#include <exception>
 #include <iostream>
 
 #include <unistd.h>
@@ -8,7 +9,7 @@
 #include "shell/console/console_face.h"
 #include "shell/start_up.h"
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   using namespace vorlane::shell;
   console::ConsoleFace face(std::cin, std::cerr, isatty(STDERR_FILENO) != 0);
   Application application(face);
@@ -19,4 +20,8 @@ int main(int argc, char** argv) {
   }
   // How a run went is told by its report and the log, not by an exit code.
   return 0;
+} catch (const std::exception& fault) {
+  // Only what comes before there is a form: no folder of its own, no home.
+  std::cerr << "vorlane-console: " << fault.what() << std::endl;
+  return 1;
 }

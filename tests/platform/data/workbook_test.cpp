@@ -9,7 +9,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/data/workbook/table_names.h"
+#include "platform/data/table_names.h"
 #include "platform/data/workbook/workbook_connection.h"
 #include "platform/runtime/failure.h"
 

@@ -3,10 +3,13 @@
 #include <thread>
 #include <vector>
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 
 #include "platform/runtime/failure.h"
+#include "platform/system/file_handle.h"
 #include "platform/system/text_file.h"
 #include "tests/scratch_folder.h"
 
@@ -175,6 +178,13 @@ TEST_F(SettingsStoreTest, NamesThePathThatCannotBeWritten) {
   fs::create_directories(taken / "x");
   EXPECT_EQ(WriteFailure(SettingsStore(taken), "PortNo", "1"),
             "Cannot read " + taken.native() + ": Is a directory.");
+}
+
+TEST_F(SettingsStoreTest, GivesUpOnAFolderThatAnotherProgramKeepsLocked) {
+  const FileHandle folder(folder_.Path(), O_RDONLY | O_DIRECTORY);
+  ASSERT_EQ(::flock(folder.Get(), LOCK_EX), 0);
+  EXPECT_EQ(WriteFailure(store_, "PortNo", "1"),
+            "Cannot write " + file_.native() + ": Resource temporarily unavailable.");
 }
 
 TEST(SettingsFilePath, FollowsTheEnvironment) {

@@ -5,7 +5,9 @@
 #include <optional>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
+#include "platform/system/system_message.h"
 #include "tests/scratch_folder.h"
 
 namespace vorlane::platform {
@@ -51,6 +53,21 @@ TEST_F(TextFileTest, WritesLinesAndReplacesTheOldFile) {
   writer.Close();
   writer.Close();
   EXPECT_EQ(ReadWholeFile(file_), "one\r\ntwo\r\n");
+}
+
+TEST_F(TextFileTest, NeitherWaitsAtAPipeNorCutsANameAtAZeroByte) {
+  ASSERT_EQ(::mkfifo(file_.c_str(), 0600), 0);
+  ExpectFailure(kPathFileAccess,
+                "Cannot open " + file_.native() + ": " + SystemMessage(ENXIO) + ".", ENXIO,
+                [&] { FileWriter writer(file_); });
+  EXPECT_EQ(ReadWholeFile(file_), "");
+
+  const std::string cut = folder_ / "kept";
+  FileWriter(cut).Write("kept");
+  const std::string name = cut + std::string(" 1.txt").insert(0, 1, '\0');
+  ExpectFailure(kBadFileName, "Cannot open " + name + ": " + SystemMessage(EINVAL) + ".", EINVAL,
+                [&] { FileWriter writer(name); });
+  EXPECT_EQ(ReadWholeFile(cut), "kept");
 }
 
 TEST_F(TextFileTest, KeepsWhatWasWrittenWhenTheWorkFails) {

@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/data/workbook/table_names.h"
+#include "platform/data/table_names.h"
 #include "platform/runtime/date.h"
 #include "platform/runtime/number.h"
 

@@ -4,9 +4,9 @@
 #include <utility>
 #include <vector>
 
+#include "platform/data/table_names.h"
 #include "platform/data/workbook/compound_file.h"
 #include "platform/data/workbook/sheet_table.h"
-#include "platform/data/workbook/table_names.h"
 #include "platform/data/workbook/workbook.h"
 #include "platform/data/workbook/xlsx_sheet_list.h"
 #include "platform/runtime/failure.h"
@@ -41,7 +41,7 @@ class WorkbookConnection : public Connection {
       const SheetCells cells = workbook_.ReadCells(FindSheet(query.table));
       Recordset recordset =
           MakeSheetTable(cells, workbook_.SharedTexts(), workbook_.DatesFrom1904());
-      if (!query.orderBy.empty()) OrderBy(recordset, query.orderBy);
+      if (!query.orderBy.empty()) OrderBy(recordset, query.orderBy, path_ + ": " + query.table);
       return recordset;
     });
   }

@@ -1,4 +1,4 @@
-#include "platform/data/workbook/table_names.h"
+#include "platform/data/table_names.h"
 
 #include <algorithm>
 #include <memory>

@@ -1,0 +1,144 @@
+#!/usr/bin/python3
+"""Makes the sample workbooks beside this file from the tables below.
+
+    samples/make_samples.py [FOLDER]
+
+Needs xlwt (Debian: python3-xlwt). The workbooks are committed, so only somebody
+who changes a table needs it. The same tables give the same bytes.
+
+A table is written as it reads: the first line names the columns, "|" parts the
+cells, an empty line is an empty row of the sheet. A cell that is a whole number
+becomes a number cell, any other a text cell.
+"""
+
+import os
+import sys
+
+import xlwt
+
+LEDGERGROUPS = """
+Name                 | NameAlias        | Parent                   | SubLedger
+Hardware Sales       |                  | Sales Accounts           | No
+Counter Sales        |                  | Hardware Sales           | No
+Hardware Purchases   |                  | Purchase Accounts        | No
+Debtors - Mumbai     | Mumbai Parties   | Sundry Debtors           | Yes
+Debtors - Pune       | Pune Parties     | Sundry Debtors           | Yes
+नाशिक के ग्राहक          | Debtors - Nashik | Sundry Debtors           | Yes
+Debtors - Goa        |                  | Sundry Debitors          | Yes
+
+Creditors - Steel    |                  | Sundry Creditors         | Yes
+Creditors - Paint    |                  | Sundry Creditors         | Yes
+Staff Advances       |                  | Loans & Advances (Asset) | No
+Freight & Cartage    | Transport        | Direct Expenses          | No
+"""
+
+UNITS = """
+Name           | IsSimpleUnit | OriginalName | DecimalPlaces | BaseUnits | AdditionalUnits | Conversion
+Nos            | Yes          | Numbers      | 0             |           |                 |
+Pcs            | Yes          | Pieces       | 0             |           |                 |
+Box            | Yes          | Boxes        | 0             |           |                 |
+Doz            | Yes          | Dozens       | 0             |           |                 |
+Kgs            | Yes          | Kilograms    | 3             |           |                 |
+Qtl            | Yes          | Quintals     | 2             |           |                 |
+Mtr            | Yes          | Metres       | 2             |           |                 |
+Ltr            | Yes          | Litres       | 2             |           |                 |
+Doz of 12 Nos  | No           |              |               | Doz       | Nos             | 12
+Box of 50 Pcs  | No           |              |               | Box       | Pcs             | 50
+Qtl of 100 Kgs | No           |              |               | Qtl       | Kgs             | 100
+"""
+
+GODOWNS = """
+Name                | NameAlias | Parent             | HasNoStock
+Bhiwandi Warehouse  | BHW       | Primary            | No
+Rack A - Pipes      |           | Bhiwandi Warehouse | No
+Rack B - Fasteners  |           | Bhiwandi Warehouse | No
+Open Yard           |           | Bhiwandi Warehouse | No
+Andheri Shop        | Shop      | Primary            | No
+Goods with Painters |           | Primary            | No
+"""
+
+STOCKGROUPS = """
+Name           | NameAlias | Parent      | IsAddable
+Steel          |           | Primary     | Yes
+TMT Bars       | Rebars    | Steel       | Yes
+Angles & Beams |           | Steel       | Yes
+Pipes          |           | Primary     | Yes
+GI Pipes       |           | Pipes       | Yes
+PVC Pipes      |           | Pipes       | Yes
+Fasteners      | Nut Bolt  | Primary     | Yes
+Paints         |           | Primary     | No
+"""
+
+STOCKCATEGORIES = """
+Name       | NameAlias | Parent
+Trade      |           | Primary
+Economy    |           | Trade
+Premium    | ISI       | Trade
+Imported   |           | Primary
+Scrap      | Bhangar   | Primary
+"""
+
+COSTCATEGORIES = """
+Name     | NameAlias | AllocateRevenue | AllocateNonRevenue
+Branches |           | Yes             | Yes
+Salesmen | Field     | Yes             | No
+Vehicles |           | No              | Yes
+"""
+
+COSTCENTRES = """
+Name          | NameAlias | Parent        | Category | ForJobCosting
+Mumbai Branch | BOM       |               | Branches | No
+Andheri Desk  |           | Mumbai Branch | Branches | No
+Pune Branch   | PNQ       |               | Branches | No
+Asha Kulkarni | AK        |               | Salesmen | No
+Ravi D'Souza  | RD        |               | Salesmen | No
+MH-04 Tempo   |           |               | Vehicles | No
+Metro Site    |           |               |          | Yes
+"""
+
+# A workbook a line: its sheets in order, each called as the import type is.
+WORKBOOKS = {
+    "masters.xls": {
+        "LEDGERGROUPS": LEDGERGROUPS,
+        "UNITS": UNITS,
+        "GODOWNS": GODOWNS,
+        "STOCKGROUPS": STOCKGROUPS,
+        "STOCKCATEGORIES": STOCKCATEGORIES,
+        "COSTCATEGORIES": COSTCATEGORIES,
+        "COSTCENTRES": COSTCENTRES,
+    },
+}
+
+HEADER = xlwt.easyxf("font: bold on")
+ROW = xlwt.easyxf("")
+
+
+def rows_of(table):
+    for line in table.strip("\n").split("\n"):
+        yield [cell.strip() for cell in line.split("|")]
+
+
+def write_sheet(sheet, table):
+    for row, cells in enumerate(rows_of(table)):
+        for column, text in enumerate(cells):
+            if not text:
+                continue
+            if row == 0:
+                sheet.write(row, column, text, HEADER)
+                sheet.col(column).width = 256 * 22
+            else:
+                sheet.write(row, column, int(text) if text.isdigit() else text, ROW)
+    sheet.panes_frozen = True
+    sheet.horz_split_pos = 1
+
+
+def main():
+    folder = sys.argv[1] if len(sys.argv) > 1 else os.path.dirname(os.path.abspath(__file__))
+    for file_name, sheets in WORKBOOKS.items():
+        book = xlwt.Workbook(encoding="utf-8")
+        for name, table in sheets.items():
+            write_sheet(book.add_sheet(name), table)
+        book.save(os.path.join(folder, file_name))
+
+
+main()

@@ -1,0 +1,198 @@
+#include "posting/voucher_run.h"
+
+#include "form/row_outcome.h"
+#include "platform/runtime/failure.h"
+#include "platform/runtime/number.h"
+#include "platform/runtime/text.h"
+#include "posting/staging_rules.h"
+
+namespace vorlane::posting {
+
+using form::ImportForm;
+using form::ImportGrid;
+
+VoucherRun::VoucherRun(ImportForm& importForm, VoucherFamily& family)
+    : form_(importForm),
+      family_(family),
+      amountFormat_(importForm.AmountFormat),
+      writers_(importForm.services.store, importForm.services.reporter),
+      documents_(importForm.services.store, importForm.services.gateway),
+      reader_(importForm) {}
+
+void VoucherRun::Run() {
+  form_.Trap(family_.Location(), [&] {
+    if (!family_.BeforeRun(*this)) return;
+    Open();
+    const std::size_t rowCount = form_.GR1.RowCount();
+    if (rowCount > 0) BindColumns();
+    form::CompanyRule companyRule(form_);
+    for (std::size_t gridRow = 1; gridRow <= rowCount; ++gridRow) {
+      ReadRow(gridRow);
+      // Before the break: the voucher in hand goes out under the company of the
+      // row that ends it.
+      companyRule.Apply(reader_);
+      if (family_.Groups() == Grouping::ByKey) {
+        GroupRow(gridRow);
+      } else {
+        SendRow(gridRow);
+      }
+      form_.services.face.Progress(gridRow, rowCount);
+      form_.services.face.LetEventsRun();
+    }
+    form_.stat("msg", "Finished Posing of Data.");
+  });
+}
+
+void VoucherRun::GroupRow(std::size_t gridRow) {
+  if (prevVoucherKey_.empty()) return;  // an empty ID: nothing after it is sent
+  const std::string key = VoucherKey();
+  if (key != prevVoucherKey_) BreakVoucher(gridRow, key);
+  family_.StageRow(*this);
+}
+
+void VoucherRun::SendRow(std::size_t gridRow) {
+  if (!family_.TakesRow(*this)) return;
+  StartVoucher(VoucherKey());
+  family_.StageRow(*this);
+  ShowOutcome(gridRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
+  vchID_ = std::to_string(++voucherNumber_);
+}
+
+void VoucherRun::Open() {
+  form_.CurrentCompany = form_.cmbCurrentCompanyList.text;
+  form_.TabData = form::DataTab::Grid;
+  form_.stat("msg", "Deleting Previous Data");
+  writers_.PurgeForLoop(family_.BankRows());
+  form_.stat("msg", "");
+  family_.AfterOpening(*this);
+}
+
+void VoucherRun::StartVouchersAt(const std::string& vchID) {
+  voucherNumber_ = static_cast<std::int32_t>(platform::Val(vchID));
+  vchID_ = vchID;
+}
+
+void VoucherRun::BindColumns() {
+  const ImportGrid& grid = form_.GR1;
+  for (const VoucherColumn& column : family_.Columns()) {
+    const std::size_t gridColumn = grid.FindColumn(column.key).value_or(0);
+    const bool counts = gridColumn != 0 && form_.HasOptionalColumn(column.key);
+    if (column.need == Need::Required || counts) boundColumns_.push_back({&column, gridColumn});
+  }
+  // ID alone counts from the very first field. One that the loader added is no
+  // column of the source and does not group rows.
+  hasId_ = form_.FindListedColumn("ID") >= 0;
+}
+
+void VoucherRun::ReadCell(std::string_view text, Reading reading, std::string& field) const {
+  switch (reading) {
+    case Reading::Text:
+      field.assign(text);
+      break;
+    case Reading::KeptText:
+      if (!text.empty()) field.assign(text);
+      break;
+    case Reading::Amount:
+      field = FormatAmount(platform::Val(text));
+      break;
+    case Reading::Formatted:
+      amountFormat_.Apply(text, field);
+      break;
+    case Reading::Rate:
+      field = FormatAmount(platform::Val(platform::ReplaceAll(std::string(text), "%", "")));
+      break;
+  }
+}
+
+void VoucherRun::ReadRow(std::size_t gridRow) {
+  reader_.MoveTo(gridRow);
+  const ImportGrid& grid = form_.GR1;
+  for (const BoundColumn& bound : boundColumns_) {
+    const VoucherColumn& column = *bound.column;
+    const std::size_t gridColumn =
+        bound.gridColumn != 0 ? bound.gridColumn : grid.ColumnIndex(column.key);
+    const std::string_view text = grid.Text(gridRow, gridColumn);
+    ReadCell(text, column.reading, row.*column.field);
+  }
+  if (hasId_) row.Id = reader_.Required("ID");
+}
+
+std::string VoucherRun::VoucherKey() {
+  if (hasId_) return row.Id;
+  if (family_.Groups() == Grouping::RowByRow) return family_.KeyOf(row);
+  return row.VchType + "-" + row.VchNo + "-" + row.VchDate;
+}
+
+void VoucherRun::BreakVoucher(std::size_t gridRow, const std::string& key) {
+  if (prevVoucherKey_ == "00") {
+    prevVoucherKey_ = key;  // the first row: nothing is held yet
+  } else {
+    ShowOutcome(gridRow - 1, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
+    prevVoucherKey_ = key;
+    vchID_ = std::to_string(++voucherNumber_);
+  }
+  StartVoucher(key);
+}
+
+void VoucherRun::StartVoucher(const std::string& key) {
+  counters = {};
+  family_.StartCounters(*this);
+  staging::VoucherRec head = DefaultHead(row, key);
+  family_.FillHead(*this, head);
+  writers_.AddVoucher(Company(), head, vchID_);
+}
+
+void VoucherRun::ShowOutcome(std::size_t gridRow, const std::string& status) {
+  ImportGrid& grid = form_.GR1;
+  if (statusColumn_ == 0) statusColumn_ = grid.ColumnIndex(ImportGrid::kStatusKey);
+  grid.SetText(gridRow, statusColumn_, status);
+  switch (form::ClassifyDigest(status)) {
+    case form::Outcome::Refused:
+      if (family_.Groups() == Grouping::ByKey) {
+        ReportErrorByVID(prevVoucherKey_, "ID");
+      } else {
+        PaintRefused(gridRow);  // the row is the whole voucher
+      }
+      grid.SetIcon(gridRow, form::kIconStopped);
+      break;
+    case form::Outcome::Created:
+    case form::Outcome::Altered:
+      grid.SetIcon(gridRow, form::kIconDone);
+      break;
+    case form::Outcome::Unclassified:
+      break;
+  }
+  grid.SelectRow(gridRow);
+  form_.services.face.RowMarked(gridRow);
+  form_.stat("msg", "Processed Document: " + vchID_);
+}
+
+void VoucherRun::PaintRefused(std::size_t gridRow) {
+  form_.GR1.SetForeColour(gridRow, form::kRed);
+  form_.GR1.SetStatusBold(gridRow);
+  form_.services.face.RowMarked(gridRow);
+}
+
+void VoucherRun::ReportErrorByVID(const std::string& key, std::string_view columnName) {
+  form_.Trap("F01-0027", [&] {
+    ImportGrid& grid = form_.GR1;
+    grid.SetRedraw(false);
+    // An ID in the very first field groups rows but is not painted.
+    if (form_.FindListedColumn(columnName) >= 1) {
+      if (rowsOfId_.empty()) {
+        const std::size_t column = grid.ColumnIndex(columnName);
+        for (std::size_t gridRow = 1; gridRow <= grid.RowCount(); ++gridRow) {
+          rowsOfId_[std::string(grid.Text(gridRow, column))].push_back(gridRow);
+        }
+      }
+      std::vector<std::size_t>& rows = rowsOfId_[key];
+      for (const std::size_t gridRow : rows) {
+        PaintRefused(gridRow);
+      }
+      rows.clear();  // painted once is painted for the run
+    }
+    grid.SetRedraw(true);
+  });
+}
+
+}  // namespace vorlane::posting

@@ -1,0 +1,86 @@
+#include "vouchers/voucher_document.h"
+
+#include "errors/trap.h"
+#include "gateway/import_envelope.h"
+#include "vouchers/voucher_walk.h"
+
+namespace vorlane::vouchers {
+
+namespace {
+
+/// The columns that the tags read, by position; a tag without one reads a null.
+std::string ColumnList(std::string_view first, std::span<const VoucherTag> tags) {
+  std::string columns(first);
+  for (const VoucherTag& tag : tags) {
+    columns += ", ";
+    columns += tag.rule == TagRule::Constant ? std::string_view("null") : tag.column;
+    if (tag.rule == TagRule::BankEntryName) columns += ", Date_";
+  }
+  return columns;
+}
+
+std::string RowsSql(const VoucherList& list) {
+  std::string columns(list.rowId);
+  // What a list reads besides its tags stands in front of them.
+  if (list.shape == ListShape::ByCategory) columns += ", Category_";
+  if (list.rows != RowRule::Every) columns += ", Amount_";
+  std::string sql = "Select " + ColumnList(columns, list.tags) + " from ";
+  sql.append(list.table).append(" where CompanyName=? and FK_VchID=?");
+  if (!list.parentKey.empty()) sql.append(" and ").append(list.parentKey).append("=?");
+  if (list.rowOrder.empty()) {
+    sql.append(" Order By val(").append(list.rowId).append(")");
+  } else {
+    sql.append(" Order By ").append(list.rowOrder);
+  }
+  return sql;
+}
+
+}  // namespace
+
+VoucherDocumentWriter::VoucherDocumentWriter(staging::StagingStore& store,
+                                             gateway::TallyGateway& tally)
+    : store_(store),
+      tally_(tally),
+      headSql_("Select " + ColumnList("GUID_, VoucherTypeName_", kHeadTags) +
+               " from Voucher where CompanyName=? and VchID=? Order By val(VchID)"),
+      beforeHead_(PrepareLists(kListsBeforeHead)),
+      afterHead_(PrepareLists(kListsAfterHead)) {}
+
+VoucherDocumentWriter::ListRead VoucherDocumentWriter::PrepareList(const VoucherList& list) {
+  return {&list, RowsSql(list), PrepareLists(list.nested)};
+}
+
+std::vector<VoucherDocumentWriter::ListRead> VoucherDocumentWriter::PrepareLists(
+    std::span<const VoucherList* const> lists) {
+  std::vector<ListRead> reads;
+  for (const VoucherList* list : lists) reads.push_back(PrepareList(*list));
+  return reads;
+}
+
+std::string VoucherDocumentWriter::BuildDocument(std::string_view companyName,
+                                                 std::string_view vchID, std::string_view action) {
+  errors::Reporter& reporter = tally_.Reporter();
+  auto envelope = gateway::NewImportEnvelope(companyName, reporter);
+  platform::XmlNode* data = gateway::DataElement(envelope, "//REQUESTDATA");
+  gateway::DocumentBuilder builder(*envelope, reporter);
+  platform::XmlNode* message = builder.AddElement(data, "TALLYMESSAGE");
+  builder.AddAttribute(message, "xmlns:UDF", "TallyUDF");
+  platform::XmlNode* voucher = builder.AddElement(message, "VOUCHER");
+  const staging::ReadBracket bracket(store_);
+  VoucherWalk walk(*this, builder, companyName, vchID);
+  walk.WriteVoucher(voucher, action);
+  return envelope->Xml();
+}
+
+std::string VoucherDocumentWriter::WriteVoucherDocument(std::string_view companyName,
+                                                        std::string_view vchID,
+                                                        std::string_view action) {
+  std::string digest;
+  errors::Trap(tally_.Reporter(), "C01-0020", [&] {
+    std::string xmlText = BuildDocument(companyName, vchID, action);
+    digest = tally_.SendToGateway(xmlText);
+  });
+  return digest;
+}
+
+}  // namespace vorlane::vouchers
