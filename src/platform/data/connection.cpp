@@ -1,5 +1,6 @@
 #include "platform/data/connection.h"
 
+#include "platform/data/access/access_connection.h"
 #include "platform/data/text/text_connection.h"
 #include "platform/data/workbook/workbook_connection.h"
 #include "platform/runtime/failure.h"
@@ -24,7 +25,7 @@ std::unique_ptr<Connection> OpenConnection(const ConnectionSpec& spec) {
     case Provider::Text:
       return OpenText(spec);
     case Provider::Access:
-      ThrowNotBuilt(spec, "an Access database");
+      return OpenAccess(spec);
     case Provider::Odbc:
       ThrowNotBuilt(spec, "an ODBC data source");
   }

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/data/access/frames.h"
+
+namespace vorlane::platform {
+
+/// Writes frames to standard output, many at a time. A parent that is gone ends
+/// the process.
+class FrameWriter {
+ public:
+  void Write(Frame frame, std::string_view text = {});
+  /// A cell; nothing for null.
+  void WriteCell(const std::optional<std::string_view>& text);
+  void Flush();
+
+ private:
+  void Begin(Frame frame, std::uint32_t length);
+
+  std::string buffer_;
+};
+
+}  // namespace vorlane::platform
