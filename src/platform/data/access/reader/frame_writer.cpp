@@ -1,11 +1,16 @@
 #include "platform/data/access/reader/frame_writer.h"
 
 #include <cerrno>
+#include <cstdlib>
 #include <cstring>
 
 #include <unistd.h>
 
 namespace vorlane::platform {
+
+FrameWriter::FrameWriter() : output_(::dup(STDOUT_FILENO)) {
+  if (output_ < 0 || ::dup2(STDERR_FILENO, STDOUT_FILENO) < 0) ::_exit(EXIT_FAILURE);
+}
 
 void FrameWriter::Begin(Frame frame, std::uint32_t length) {
   buffer_ += static_cast<char>(frame);
@@ -32,7 +37,7 @@ void FrameWriter::WriteCell(const std::optional<std::string_view>& text) {
 void FrameWriter::Flush() {
   std::string_view rest = buffer_;
   while (!rest.empty()) {
-    const ssize_t count = ::write(STDOUT_FILENO, rest.data(), rest.size());
+    const ssize_t count = ::write(output_, rest.data(), rest.size());
     if (count >= 0) {
       rest.remove_prefix(static_cast<std::size_t>(count));
     } else if (errno != EINTR) {

@@ -8,10 +8,13 @@
 
 namespace vorlane::platform {
 
-/// Writes frames to standard output, many at a time. A parent that is gone ends
-/// the process.
+/// Writes frames to what is standard output at the start, many at a time, and
+/// keeps it for itself: the library prints pages that it cannot understand there.
+/// A parent that is gone ends the process.
 class FrameWriter {
  public:
+  FrameWriter();
+
   void Write(Frame frame, std::string_view text = {});
   /// A cell; nothing for null.
   void WriteCell(const std::optional<std::string_view>& text);
@@ -20,6 +23,7 @@ class FrameWriter {
  private:
   void Begin(Frame frame, std::uint32_t length);
 
+  int output_;
   std::string buffer_;
 };
 

@@ -6,6 +6,7 @@
 // The importer starts it for each table, with limits of processor time and memory
 // (0 for none) and an empty TABLE for the list. Not for use by hand.
 
+#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 #include <cstring>
@@ -69,6 +70,9 @@ void WriteRows(const MdbFile& file, MdbTableDef& table, std::uint64_t fileSize, 
   MdbValues values(file.Handle(), fileSize);
   file.ForEachRow(table, [&](const MdbFile::Row& row) {
     for (const MdbField& field : row) inOrder[static_cast<std::size_t>(field.colnum)] = &field;
+    if (std::find(inOrder.begin(), inOrder.end(), nullptr) != inOrder.end()) {
+      throw Damage("it does not hold the table's columns.");
+    }
     for (std::size_t i = 0; i < inOrder.size(); ++i) {
       out.WriteCell(values.TextOf(column(i), *inOrder[i]));
     }
