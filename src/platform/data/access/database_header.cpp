@@ -12,10 +12,10 @@
 #include <vector>
 
 #include <fcntl.h>
-#include <glib.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/data/utf16.h"
 #include "platform/runtime/failure.h"
 #include "platform/system/file_handle.h"
 
@@ -86,14 +86,10 @@ std::vector<unsigned char> GivenPassword(const std::string& password, std::size_
   if (width == kPasswordBytes97) {
     given.assign(password.begin(), password.end());
   } else {
-    glong units = 0;
-    gunichar2* utf16 = g_utf8_to_utf16(password.data(), static_cast<glong>(password.size()),
-                                       nullptr, &units, nullptr);
-    for (glong i = 0; utf16 != nullptr && i < units; ++i) {
-      given.push_back(static_cast<unsigned char>(utf16[i]));
-      given.push_back(static_cast<unsigned char>(utf16[i] >> 8));
+    for (const char16_t unit : Utf16Of(password)) {
+      given.push_back(static_cast<unsigned char>(unit));
+      given.push_back(static_cast<unsigned char>(unit >> 8));
     }
-    g_free(utf16);
   }
   if (given.size() > width) return {};
   given.resize(width);
