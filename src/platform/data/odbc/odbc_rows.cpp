@@ -200,9 +200,12 @@ bool IsWideType(SQLSMALLINT type) {
 /// The driver's own name of a column's type; empty when it tells none.
 std::string TypeNameOf(const OdbcResult& result, std::size_t at) {
   std::array<SQLWCHAR, 128> name{};
+  // Not asked for, but there are drivers that write them without looking.
+  SQLSMALLINT length = 0;
+  SQLLEN number = 0;
   const SQLRETURN got =
       ::SQLColAttributeW(result.statement.Get(), NumberOf(at), SQL_DESC_TYPE_NAME, name.data(),
-                         static_cast<SQLSMALLINT>(sizeof name), nullptr, nullptr);
+                         static_cast<SQLSMALLINT>(sizeof name), &length, &number);
   return SQL_SUCCEEDED(got) ? Utf8Of(name) : "";
 }
 
@@ -219,9 +222,12 @@ std::vector<OdbcColumn> ColumnsOf(const OdbcResult& result) {
     std::array<SQLWCHAR, 512> name{};
     SQLSMALLINT type = 0;
     SQLULEN size = 0;
+    SQLSMALLINT length = 0;
+    SQLSMALLINT digits = 0;
+    SQLSMALLINT nullable = 0;
     const SQLRETURN got = ::SQLDescribeColW(result.statement.Get(), NumberOf(at), name.data(),
-                                            static_cast<SQLSMALLINT>(name.size()), nullptr, &type,
-                                            &size, nullptr, nullptr);
+                                            static_cast<SQLSMALLINT>(name.size()), &length, &type,
+                                            &size, &digits, &nullable);
     if (!SQL_SUCCEEDED(got)) {
       throw OdbcFailure(result.statement, result.what + ", column " + std::to_string(i + 1) + ":");
     }
