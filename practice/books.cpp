@@ -6,6 +6,14 @@
 
 namespace vorlane::practice {
 
+VoucherShelf::Stored VoucherShelf::Put(const std::string& remoteId) {
+  // No sender's REMOTEID begins with a blank: they arrive trimmed.
+  const auto [place, isNew] =
+      ids_.try_emplace(remoteId.empty() ? " " + std::to_string(lastId_ + 1) : remoteId);
+  if (isNew) place->second = ++lastId_;
+  return {place->second, isNew};
+}
+
 CompanyBooks::CompanyBooks(std::string name) : name_(std::move(name)) {
   for (const PredefinedMaster& row : kPredefinedMasters)
     Put(row.kind, row.name,

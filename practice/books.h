@@ -18,7 +18,28 @@ struct Master {
   std::string parent;  ///< as it was sent; empty: the root
 };
 
-/// The masters of one company. Names and aliases of a kind are one set of words;
+/// The vouchers of one company: which there are, not what they hold.
+class VoucherShelf {
+ public:
+  std::size_t Count() const { return ids_.size(); }
+
+  struct Stored {
+    int id;
+    bool isNew;
+  };
+  /// Stores a voucher in place of the one with the same REMOTEID, whose id it
+  /// takes over. One without a REMOTEID is always new and cannot be named again.
+  Stored Put(const std::string& remoteId);
+  /// False when there is none with that REMOTEID.
+  bool Remove(const std::string& remoteId) { return ids_.erase(remoteId) > 0; }
+
+ private:
+  // As in books that are in use: an id of 1 would read like one more counter.
+  int lastId_ = 100;
+  std::unordered_map<std::string, int> ids_;
+};
+
+/// The masters and vouchers of one company. Names and aliases of a kind are one set of words;
 /// they match regardless of case and outer blanks.
 class CompanyBooks {
  public:
@@ -42,6 +63,9 @@ class CompanyBooks {
   /// False when there is none of that name.
   bool Remove(Kind kind, std::string_view name);
 
+  VoucherShelf& Vouchers() { return vouchers_; }
+  const VoucherShelf& Vouchers() const { return vouchers_; }
+
  private:
   struct Shelf {
     std::list<Master> masters;
@@ -53,6 +77,7 @@ class CompanyBooks {
 
   std::string name_;
   std::array<Shelf, kKindCount> shelves_;
+  VoucherShelf vouchers_;
 };
 
 /// The companies that are loaded; they last as long as the program runs.

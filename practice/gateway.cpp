@@ -1,8 +1,10 @@
 #include "practice/gateway.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <iostream>
+#include <iterator>
 #include <optional>
 #include <utility>
 
@@ -153,6 +155,39 @@ std::vector<std::string> PracticeGateway::Imports() const {
   for (const Exchange& exchange : exchanges_)
     if (LooksLikeImport(exchange.request.body)) imports.push_back(exchange.request.body);
   return imports;
+}
+
+std::vector<std::string> PracticeGateway::Seed(const std::filesystem::path& path) {
+  const std::lock_guard lock(mutex_);
+  std::error_code error;
+  if (!std::filesystem::is_directory(path, error)) return SeedFile(path, true);
+  std::vector<std::filesystem::path> files;
+  for (const auto& entry : std::filesystem::directory_iterator(path, error))
+    if (entry.path().extension() == ".xml") files.push_back(entry.path());
+  std::sort(files.begin(), files.end());
+  std::vector<std::string> refused;
+  for (const std::filesystem::path& file : files)
+    for (std::string& line : SeedFile(file, false)) refused.push_back(std::move(line));
+  return refused;
+}
+
+std::vector<std::string> PracticeGateway::SeedFile(const std::filesystem::path& file,
+                                                   bool mustImport) {
+  std::ifstream stream(file, std::ios::binary);
+  const std::string body{std::istreambuf_iterator<char>(stream), {}};
+  const ParsedRequest request = ParseRequest(body);
+  if (!IsImport(request.kind)) {
+    if (!mustImport) return {};
+    throw Failure(platform::failure_number::kFileNotFound, "practice gateway",
+                  "An import document was expected in the file '" + file.string() + "', but it " +
+                      (stream ? "holds none." : "cannot be read."));
+  }
+  platform::XmlDocument answer;
+  answer.LoadXml(AnswerImport(request, books_));
+  std::vector<std::string> refused;
+  for (const platform::XmlNode* line : answer.SelectNodes("//LINEERROR"))
+    refused.push_back(file.filename().string() + ": " + line->Text());
+  return refused;
 }
 
 void PracticeGateway::RecordTo(const std::filesystem::path& folder) {

@@ -51,6 +51,14 @@ class PracticeGateway {
   /// The bodies of the imports among them.
   std::vector<std::string> Imports() const;
 
+  /// Fills the books before the first request: handles the body that a file
+  /// holds, or those of a folder's "*.xml" in the order of their names, as imports
+  /// that nobody sent: they are not recorded and take no scripted turn. In a
+  /// folder, what is no import is passed over, so that a folder of RecordTo does.
+  /// Gives the lines of what was refused. Fails for what cannot be read, and for a
+  /// file that is no import.
+  std::vector<std::string> Seed(const std::filesystem::path& path);
+
   /// From now on writes each request's body and its answer as NNNN-request.xml
   /// and NNNN-answer.xml, numbered behind those that the folder has. Makes the
   /// folder; fails when it cannot be made. A file that cannot be written later
@@ -58,6 +66,7 @@ class PracticeGateway {
   void RecordTo(const std::filesystem::path& folder);
 
  private:
+  std::vector<std::string> SeedFile(const std::filesystem::path& file, bool mustImport);
   Answer Respond(const Request& request);
   std::string RealBody(const Request& request);
   void Record(const std::string& request, const std::string& answer);

@@ -1,36 +1,20 @@
 #include "practice/import.h"
 
+#include <algorithm>
+#include <iterator>
 #include <optional>
 #include <string_view>
 #include <utility>
 
 #include "practice/names.h"
+#include "practice/nodes.h"
+#include "practice/vouchers.h"
 
 namespace vorlane::practice {
 namespace {
 
 using platform::NodeType;
 using platform::XmlNode;
-
-const XmlNode* FindChild(const XmlNode& node, std::string_view name) {
-  for (const XmlNode* child : node.Children())
-    if (child->Type() == NodeType::Element && child->NodeName() == name) return child;
-  return nullptr;
-}
-
-// The text of a child element; nothing when there is no such child.
-std::optional<std::string> ChildText(const XmlNode& node, std::string_view name) {
-  const XmlNode* child = FindChild(node, name);
-  if (child == nullptr) return std::nullopt;
-  return child->Text();
-}
-
-// Reserved values are announced by "&#4; ", which is no part of their name.
-std::string WithoutReservedMark(std::string text) {
-  constexpr std::string_view kMark = "&#4;";
-  if (text.starts_with(kMark)) text.erase(0, kMark.size());
-  return std::string(TrimName(text));
-}
 
 // The texts of NAME.LIST, which newer documents put into LANGUAGENAME.LIST: the
 // name, then the alias.
@@ -48,13 +32,14 @@ std::vector<std::string> ListedNames(const XmlNode& object) {
 
 enum class Outcome { Created, Altered, Deleted };
 
-// What came of one object; a text is the line that refuses it.
+// What came of one object; lines refuse it.
 struct Result {
   Outcome outcome = Outcome::Created;
-  std::string lineError;
+  std::vector<std::string> lineErrors;
+  int voucherId = 0;
 };
 
-Result Refused(std::string lineError) { return {Outcome::Created, std::move(lineError)}; }
+Result Refused(std::string lineError) { return {Outcome::Created, {std::move(lineError)}}; }
 
 std::string DoesNotExist(const MasterKind& kind, std::string_view name) {
   return std::string(kind.noun) + " '" + std::string(name) + "' does not exist!";
@@ -108,18 +93,33 @@ Result ImportMaster(const XmlNode& object, const MasterKind& kind, CompanyBooks&
   return {outcome, {}};
 }
 
+Result ImportVoucher(const XmlNode& voucher, CompanyBooks& company) {
+  const std::string remoteId(TrimName(voucher.Attribute("REMOTEID").value_or("")));
+  if (FoldName(voucher.Attribute("ACTION").value_or("")) == "delete") {
+    if (company.Vouchers().Remove(remoteId)) return {Outcome::Deleted, {}};
+    return Refused("Voucher '" + remoteId + "' does not exist!");
+  }
+  std::vector<std::string> faults = FindVoucherFaults(voucher, company);
+  if (!faults.empty()) return {Outcome::Created, std::move(faults)};
+  const auto [id, isNew] = company.Vouchers().Put(remoteId);
+  return {isNew ? Outcome::Created : Outcome::Altered, {}, id};
+}
+
 Result ImportObject(const XmlNode& object, CompanyBooks& company) {
   if (const MasterKind* kind = FindKindByElement(object.NodeName()))
     return ImportMaster(object, *kind, company);
+  if (object.NodeName() == "VOUCHER") return ImportVoucher(object, company);
   return Refused("The practice gateway keeps no objects of the kind '" + object.NodeName() + "'!");
 }
 
 void Count(Result result, ImportCounts& counts) {
-  if (!result.lineError.empty()) {
+  if (!result.lineErrors.empty()) {
     ++counts.errors;
-    counts.lineErrors.push_back(std::move(result.lineError));
+    std::move(result.lineErrors.begin(), result.lineErrors.end(),
+              std::back_inserter(counts.lineErrors));
     return;
   }
+  if (result.voucherId != 0) counts.lastVoucherId = result.voucherId;
   switch (result.outcome) {
     case Outcome::Created:
       ++counts.created;

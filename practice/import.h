@@ -13,8 +13,8 @@ struct ImportCounts {
   int created = 0;
   int altered = 0;
   int deleted = 0;
-  int lastVoucherId = 0;
-  int lastMasterId = 0;  ///< stays 0, as the product leaves it for masters
+  int lastVoucherId = 0;  ///< 0 without a voucher
+  int lastMasterId = 0;   ///< stays 0, as the product leaves it for masters
   int combined = 0;
   int ignored = 0;
   int errors = 0;

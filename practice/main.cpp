@@ -16,11 +16,12 @@ namespace {
 
 constexpr const char* kUsage =
     "Usage: vorlane-practice [--port PORT] [--company NAME]... [--record FOLDER]\n"
-    "                        [--stop-after SECONDS]\n";
+    "                        [--seed FILE|FOLDER]... [--stop-after SECONDS]\n";
 
 struct Settings {
   std::uint16_t port = 9000;
   std::vector<std::string> companies;
+  std::vector<std::string> seeds;
   std::string recordFolder;
   std::optional<std::uint32_t> stopAfter;
 };
@@ -37,6 +38,7 @@ bool TakeOption(std::string_view option, std::string_view value, Settings& setti
   if (option == "--stop-after") return ParseNumber(value, settings.stopAfter.emplace());
   if (value.empty()) return false;
   if (option == "--company") return settings.companies.emplace_back(value), true;
+  if (option == "--seed") return settings.seeds.emplace_back(value), true;
   if (option == "--record") return settings.recordFolder = value, true;
   return false;
 }
@@ -63,6 +65,10 @@ int main(int argc, char** argv) {
   try {
     vorlane::practice::PracticeServer server(settings.companies, settings.port);
     server.Gateway().KeepExchanges(false);
+    // What the books refuse of a seed is told; the rest of it is there.
+    for (const std::string& seed : settings.seeds)
+      for (const std::string& line : server.Gateway().Seed(seed))
+        std::fprintf(stderr, "vorlane-practice: %s\n", line.c_str());
     if (!settings.recordFolder.empty()) server.Gateway().RecordTo(settings.recordFolder);
     std::printf("Listening on 127.0.0.1:%u\n", static_cast<unsigned>(server.Port()));
     std::fflush(stdout);

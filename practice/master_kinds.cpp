@@ -28,6 +28,8 @@ const std::array<MasterKind, kKindCount> kMasterKinds{{
   {Kind::CostCategory,  "COSTCATEGORY",  "COSTCATEGORIES",  "Cost Category", {}},
   {Kind::CostCentre,    "COSTCENTRE",    "COSTCENTRES",     "Cost Centre",
       {{{"PARENT", Kind::CostCentre}, {"CATEGORY", Kind::CostCategory}}}},
+  {Kind::VoucherType,   "VOUCHERTYPE",   "VOUCHERTYPES",    "Voucher Type",
+      {{{"PARENT", Kind::VoucherType, Need::Required}}}},
 }};
 
 const std::array<PredefinedMaster, kPredefinedCount> kPredefinedMasters{{
@@ -71,6 +73,30 @@ const std::array<PredefinedMaster, kPredefinedCount> kPredefinedMasters{{
   {Kind::StockCategory, "Primary",          "",                    ""},
   {Kind::CostCategory, "Primary Cost Category", "",                ""},
   {Kind::CostCentre, "Primary",             "",                    ""},
+  {Kind::VoucherType, "Attendance",           "", ""},
+  {Kind::VoucherType, "Contra",               "", ""},
+  {Kind::VoucherType, "Credit Note",          "", ""},
+  {Kind::VoucherType, "Debit Note",           "", ""},
+  {Kind::VoucherType, "Delivery Note",        "", ""},
+  {Kind::VoucherType, "Job Work In Order",    "", ""},
+  {Kind::VoucherType, "Job Work Out Order",   "", ""},
+  {Kind::VoucherType, "Journal",              "", ""},
+  {Kind::VoucherType, "Material In",          "", ""},
+  {Kind::VoucherType, "Material Out",         "", ""},
+  {Kind::VoucherType, "Memorandum",           "", ""},
+  {Kind::VoucherType, "Payment",              "", ""},
+  {Kind::VoucherType, "Payroll",              "", ""},
+  {Kind::VoucherType, "Physical Stock",       "", ""},
+  {Kind::VoucherType, "Purchase",             "", ""},
+  {Kind::VoucherType, "Purchase Order",       "", ""},
+  {Kind::VoucherType, "Receipt",              "", ""},
+  {Kind::VoucherType, "Receipt Note",         "", ""},
+  {Kind::VoucherType, "Rejections In",        "", ""},
+  {Kind::VoucherType, "Rejections Out",       "", ""},
+  {Kind::VoucherType, "Reversing Journal",    "", ""},
+  {Kind::VoucherType, "Sales",                "", ""},
+  {Kind::VoucherType, "Sales Order",          "", ""},
+  {Kind::VoucherType, "Stock Journal",        "", ""},
 }};
 // clang-format on
 

@@ -17,8 +17,9 @@ enum class Kind {
   StockItem,
   CostCategory,
   CostCentre,
+  VoucherType,
 };
-inline constexpr std::size_t kKindCount = 10;
+inline constexpr std::size_t kKindCount = 11;
 
 /// When a master may leave out one that it refers to.
 enum class Need {
@@ -62,7 +63,7 @@ struct PredefinedMaster {
   std::string_view parent;
 };
 
-inline constexpr std::size_t kPredefinedCount = 39;
+inline constexpr std::size_t kPredefinedCount = 63;
 extern const std::array<PredefinedMaster, kPredefinedCount> kPredefinedMasters;
 
 }  // namespace vorlane::practice

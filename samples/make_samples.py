@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Makes the sample workbooks beside this file from the tables below.
+"""Makes the sample workbooks beside this file, and a seed for the practice
+gateway, from the tables below and in voucher_tables.py.
 
     samples/make_samples.py [FOLDER]
 
@@ -7,14 +8,20 @@ Needs xlwt (Debian: python3-xlwt). The workbooks are committed, so only somebody
 who changes a table needs it. The same tables give the same bytes.
 
 A table is written as it reads: the first line names the columns, "|" parts the
-cells, an empty line is an empty row of the sheet. A cell that is a whole number
-becomes a number cell, any other a text cell.
+cells, an empty line is an empty row of the sheet. A number without leading zeros
+becomes a number cell, dd-mm-yyyy a date cell, any other a text cell.
 """
 
+import datetime
 import os
+import re
 import sys
+from xml.sax.saxutils import escape, quoteattr
 
 import xlwt
+
+sys.dont_write_bytecode = True  # the folder holds samples and nothing else
+import voucher_tables as vouchers
 
 LEDGERGROUPS = """
 Name                 | NameAlias        | Parent                   | SubLedger
@@ -107,15 +114,46 @@ WORKBOOKS = {
         "COSTCATEGORIES": COSTCATEGORIES,
         "COSTCENTRES": COSTCENTRES,
     },
+    "transactions.xls": {
+        "LEDGERS": vouchers.LEDGERS,
+        "COSTCATEGORIES": COSTCATEGORIES,
+        "COSTCENTRES": COSTCENTRES,
+        "TRANSACTIONS": vouchers.TRANSACTIONS,
+        "QUICKTRANSACTIONS": vouchers.QUICKTRANSACTIONS,
+        "BANKSTMT": vouchers.BANKSTMT,
+        "TDSTRANSACTIONS": vouchers.TDSTRANSACTIONS,
+        "SERVICETAXTRANSACTIONS": vouchers.SERVICETAXTRANSACTIONS,
+        "STTDSTRANSACTIONS": vouchers.STTDSTRANSACTIONS,
+        "COSTTRANSACTIONS": vouchers.COSTTRANSACTIONS,
+    },
 }
 
 HEADER = xlwt.easyxf("font: bold on")
 ROW = xlwt.easyxf("")
+DATE = xlwt.easyxf(num_format_str="dd-mm-yyyy")
+
+# The masters that the vouchers name, for a practice gateway whose books are to
+# have them from its start: the element of each table, in order.
+SEED_FILE = "seed-ledgers.xml"
+SEED = [
+    ("LEDGER", vouchers.LEDGERS),
+    ("COSTCATEGORY", COSTCATEGORIES),
+    ("COSTCENTRE", COSTCENTRES),
+]
 
 
 def rows_of(table):
     for line in table.strip("\n").split("\n"):
         yield [cell.strip() for cell in line.split("|")]
+
+
+def write_cell(sheet, row, column, text):
+    if re.fullmatch(r"\d\d-\d\d-\d{4}", text):
+        sheet.write(row, column, datetime.datetime.strptime(text, "%d-%m-%Y"), DATE)
+    elif re.fullmatch(r"-?(0|[1-9]\d*)(\.\d+)?", text):
+        sheet.write(row, column, float(text) if "." in text else int(text), ROW)
+    else:
+        sheet.write(row, column, text, ROW)
 
 
 def write_sheet(sheet, table):
@@ -127,9 +165,31 @@ def write_sheet(sheet, table):
                 sheet.write(row, column, text, HEADER)
                 sheet.col(column).width = 256 * 22
             else:
-                sheet.write(row, column, int(text) if text.isdigit() else text, ROW)
+                write_cell(sheet, row, column, text)
     sheet.panes_frozen = True
     sheet.horz_split_pos = 1
+
+
+def seed_masters(element, table):
+    rows = rows_of(table)
+    columns = [name.upper() for name in next(rows)]
+    for cells in rows:
+        row = dict(zip(columns, cells))
+        if not row["NAME"] or row["NAME"] == "END":
+            continue
+        tags = "".join(f"<{tag}>{escape(row[tag])}</{tag}>"
+                       for tag in ("PARENT", "CATEGORY") if row.get(tag))
+        yield f"  <{element} NAME={quoteattr(row['NAME'])} ACTION=\"Create\">{tags}</{element}>\n"
+
+
+def write_seed(path):
+    with open(path, "w", encoding="utf-8") as file:
+        file.write("<ENVELOPE>\n <HEADER><TALLYREQUEST>Import Data</TALLYREQUEST></HEADER>\n"
+                   " <BODY><IMPORTDATA><REQUESTDESC><REPORTNAME>All Masters</REPORTNAME>"
+                   "</REQUESTDESC><REQUESTDATA><TALLYMESSAGE>\n")
+        for element, table in SEED:
+            file.writelines(seed_masters(element, table))
+        file.write(" </TALLYMESSAGE></REQUESTDATA></IMPORTDATA></BODY>\n</ENVELOPE>\n")
 
 
 def main():
@@ -139,6 +199,7 @@ def main():
         for name, table in sheets.items():
             write_sheet(book.add_sheet(name), table)
         book.save(os.path.join(folder, file_name))
+    write_seed(os.path.join(folder, SEED_FILE))
 
 
 main()

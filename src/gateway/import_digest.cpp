@@ -1,6 +1,8 @@
 #include "gateway/import_digest.h"
 
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "errors/trap.h"
 #include "platform/runtime/text.h"
@@ -30,31 +32,38 @@ constexpr std::array<AnswerForm, 3> kForms{{
     {"<LINEERROR>", "//DATA", " - ", true},
 }};
 
-void AddLineError(const XmlNode* node, const AnswerForm& form, std::string& digest) {
-  digest.append(node->Text()).append(form.separator);
+/// A digest in the making. The latest name stands first, so the names are turned
+/// round once at the end: an answer can hold very many.
+struct DigestParts {
+  std::vector<std::string> names;
+  std::string lineErrors;
+
+  std::string Join() const {
+    std::string digest;
+    for (auto name = names.rbegin(); name != names.rend(); ++name) digest.append(*name).append(" ");
+    return digest + lineErrors;
+  }
+};
+
+void AddLineError(const XmlNode* node, const AnswerForm& form, DigestParts& digest) {
+  digest.lineErrors.append(node->Text()).append(form.separator);
 }
 
-void AddLineErrorsOfResult(const XmlNode* result, const AnswerForm& form, std::string& digest) {
+void AddLineErrorsOfResult(const XmlNode* result, const AnswerForm& form, DigestParts& digest) {
   for (const XmlNode* child : result->Children()) {
     if (child->BaseName() == "LINEERROR") AddLineError(child, form, digest);
   }
 }
 
-void ReadChildren(const XmlNode* node, const AnswerForm& form, std::string& digest) {
+void ReadChildren(const XmlNode* node, const AnswerForm& form, DigestParts& digest) {
   for (const XmlNode* child : node->Children()) {
-    const std::string name = child->BaseName();
-    const std::string text = child->Text();
+    std::string name = child->BaseName();
     // The new form has told of these already; users know them said twice.
     if (form.readsResults && name == "IMPORTRESULT") AddLineErrorsOfResult(child, form, digest);
     if (name == "LINEERROR") {
       AddLineError(child, form, digest);
-    } else if (text == "1") {
-      // Kept although a digest always ends in a separator and is never "0" or "1".
-      if (digest == "0" || digest == "1") {
-        digest = name;
-      } else {
-        digest.insert(0, name + " ");
-      }
+    } else if (child->Text() == "1") {
+      digest.names.push_back(std::move(name));
     }
   }
 }
@@ -62,7 +71,7 @@ void ReadChildren(const XmlNode* node, const AnswerForm& form, std::string& dige
 }  // namespace
 
 std::string ParseImportResult(std::string_view responseText, errors::Reporter& reporter) {
-  std::string digest;
+  DigestParts digest;
   const bool ended = errors::Trap(reporter, "C02-0009", [&] {
     XmlDocument answer;
     answer.LoadXml(responseText);
@@ -73,9 +82,10 @@ std::string ParseImportResult(std::string_view responseText, errors::Reporter& r
         ReadChildren(node, form, digest);
       }
     }
-    if (digest.empty()) digest = responseText;
   });
-  return ended ? digest : std::string();
+  if (!ended) return {};
+  std::string text = digest.Join();
+  return text.empty() ? std::string(responseText) : text;
 }
 
 }  // namespace vorlane::gateway

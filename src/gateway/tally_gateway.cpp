@@ -6,13 +6,14 @@
 #include "errors/trap.h"
 #include "gateway/import_digest.h"
 #include "gateway/normalize_document.h"
+#include "gateway/settings_keys.h"
 #include "platform/runtime/text.h"
 #include "platform/xml/xml_document.h"
 
 namespace vorlane::gateway {
 
 std::string TallyGateway::GatewayUrl() const {
-  const auto [server, port] = settings_.ReadAll("Config", {"ServerAddress", "PortNo"});
+  const auto [server, port] = settings_.ReadAll(kConfigSection, {kServerAddress, kPortNo});
   return "http://" + server + ":" + port;
 }
 

@@ -24,6 +24,7 @@ struct TaxBillColumn {
   std::string staging::TaxBillAllocationRec::*column;
   TaxBillValue servTax;
   TaxBillValue sttds;
+  TaxBillValue vat;
 };
 
 using Rec = staging::TaxBillAllocationRec;
@@ -31,19 +32,20 @@ using Row = VoucherRow;
 // clang-format off
 constexpr TaxBillColumn kTaxBill[] = {
     // Columns that are not here stay empty.
-    {&Rec::Name_,                  &Row::AdjName,        &Row::AdjName},
-    {&Rec::BillType_,              &Row::AdjMethod,      &Row::AdjMethod},
-    {&Rec::IsInputAvail_,          "No",                 "No"},
-    {&Rec::IsPureAgentBill_,       "No",                 "No"},
+    //                             service tax           both taxes                   VAT
+    {&Rec::Name_,                   &Row::AdjName,        &Row::AdjName,               &Row::AdjName},
+    {&Rec::BillType_,               &Row::AdjMethod,      &Row::AdjMethod,             &Row::AdjMethod},
+    {&Rec::IsInputAvail_,           "No",                 "No",                        "No"},
+    {&Rec::IsPureAgentBill_,        "No",                 "No",                        "No"},
     // The rates of service tax, education cess and secondary education cess.
-    {&Rec::TDSTaxRate_,            &Row::ServiceTaxRate, "12"},
-    {&Rec::TDSSurcharge_,          "2",                  "2"},
-    {&Rec::STSecondaryCessRate_,   "1",                  "1"},
-    {&Rec::Amount_,                &Row::AdjAmount,      Signed(&Row::AdjAmount)},
-    {&Rec::SurchargeAmount_,       &Row::ServiceTax,     Signed(&Row::ServiceTax)},
-    {&Rec::AddlSurchargeAmount_,   &Row::Cess,           Signed(&Row::Cess)},
-    {&Rec::STSecondaryCessAmount_, &Row::SecCess,        Signed(&Row::SecCess)},
-    {&Rec::AssessableAmount_,      &Row::AssessableAmt,  Signed(&Row::AssessableAmt)},
+    {&Rec::TDSTaxRate_,             &Row::ServiceTaxRate, "12",                        &Row::TaxRate},
+    {&Rec::TDSSurcharge_,           "2",                  "2",                         "2"},
+    {&Rec::STSecondaryCessRate_,    "1",                  "1",                         "1"},
+    {&Rec::Amount_,                 &Row::AdjAmount,      Signed(&Row::AdjAmount),     &Row::AdjAmount},
+    {&Rec::SurchargeAmount_,        &Row::ServiceTax,     Signed(&Row::ServiceTax),    &Row::ServiceTax},
+    {&Rec::AddlSurchargeAmount_,    &Row::Cess,           Signed(&Row::Cess),          &Row::Cess},
+    {&Rec::STSecondaryCessAmount_,  &Row::SecCess,        Signed(&Row::SecCess),       &Row::SecCess},
+    {&Rec::AssessableAmount_,       &Row::AssessableAmt,  Signed(&Row::AssessableAmt), ""},
 };
 // clang-format on
 
@@ -65,7 +67,9 @@ staging::TaxBillAllocationRec TaxBillOf(const VoucherRow& row, TaxBillForm form,
                                         std::string_view sign) {
   staging::TaxBillAllocationRec bill;
   for (const TaxBillColumn& each : kTaxBill) {
-    const TaxBillValue& value = form == TaxBillForm::ServTax ? each.servTax : each.sttds;
+    const TaxBillValue& value = form == TaxBillForm::ServTax ? each.servTax
+                                : form == TaxBillForm::STTDS ? each.sttds
+                                                             : each.vat;
     std::string& column = bill.*each.column;
     if (value.isSigned) column = sign;
     column += value.cell ? std::string_view(row.*value.cell) : value.constant;

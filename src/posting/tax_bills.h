@@ -6,7 +6,7 @@
 #include "posting/voucher_run.h"
 #include "staging/records.h"
 
-/// What the families of TDS and service tax share. No tax is computed: each
+/// What the families with TDS and service tax share. No tax is computed: each
 /// figure comes from a column and is only placed.
 namespace vorlane::posting {
 
@@ -17,7 +17,7 @@ bool IsAssessed(const VoucherRow& row);
 /// The row's bill with the deducted tax that it names.
 staging::BillAllocationRec TdsBillOf(const VoucherRun& run, std::string_view sign);
 
-enum class TaxBillForm : std::uint8_t { ServTax, STTDS };
+enum class TaxBillForm : std::uint8_t { ServTax, STTDS, VAT };
 /// The row's tax bill as the form's family wants it; `sign` is for the amounts of
 /// STTDS.
 staging::TaxBillAllocationRec TaxBillOf(const VoucherRow& row, TaxBillForm form,

@@ -16,5 +16,15 @@ void PostServTaxTransaction(form::ImportForm& importForm);
 void PostSTTDSTransaction(form::ImportForm& importForm);
 void PostTDSTransaction(form::ImportForm& importForm);
 void PostTransaction(form::ImportForm& importForm);
+void PostVATTransaction(form::ImportForm& importForm);
+void PostVATTransactionMC(form::ImportForm& importForm);
+void PostItemizedTransaction(form::ImportForm& importForm);
+void PostOrders(form::ImportForm& importForm);
+void PostNotes(form::ImportForm& importForm);
+void PostStockJV(form::ImportForm& importForm);
+void PostPhysicalStock(form::ImportForm& importForm);
+void PostCrDrNotes(form::ImportForm& importForm);
+void PostAttendance(form::ImportForm& importForm);
+void PostVoucherRegister(form::ImportForm& importForm);
 
 }  // namespace vorlane::posting

@@ -30,12 +30,31 @@ struct VoucherRow {
   // Taxes of the line.
   std::string TDSLedger, TDSRate, IsSpecialRate, ServiceTaxLedger, AssessableAmt, ServiceTaxRate,
       ServiceTax, Cess, SecCess;
+  // The stock line.
+  std::string ItemName, ItemDescription, Quantity, Unit, Rate, Per, GodownName, TrackingNo, OrderNo,
+      OrderDueOn, BatchName, MfdDate, ExpiryPeriod, BatchQuantity, BatchUnit, BatchAmount,
+      Direction;
+  // Its tax.
+  std::string TaxClassification, TaxRate, ServiceTaxOn;
+  // The invoice.
+  std::string TaxAdjustment, ClassName, VchViewType, MIRONo, MIRODt, DelNoteNos, DelNoteDates,
+      DespatchDocNo, DespatchedThrough, Destination, OrderNos, OrderDates, PaymentTerms, OtherRef,
+      TermsOfDelivery, Consignee, ConsigneeAddress, Buyer, BuyerAddress, BuyerTINNo;
+  // A second currency.
+  std::string VchCurrency, BaseCurrency, ExchangeRate;
+  // A register's row.
+  std::string TotalAmount;
+  // Attendance.
+  std::string Employee, AttendanceType, Value;
 };
 
 /// How a column's cell becomes its field.
 enum class Reading : std::uint8_t {
-  Text,    ///< as it stands
-  Amount,  ///< Val of it, formatted with AmountFormat
+  Text,       ///< as it stands
+  KeptText,   ///< as it stands, but an empty cell leaves what an earlier row had
+  Amount,     ///< Val of it, formatted with AmountFormat
+  Formatted,  ///< the cell itself through AmountFormat: a text that is no number passes
+  Rate,       ///< Val of it less its "%" signs, formatted with AmountFormat
 };
 
 enum class Need : std::uint8_t {

@@ -31,11 +31,10 @@ void VoucherRun::Run() {
       // Before the break: the voucher in hand goes out under the company of the
       // row that ends it.
       companyRule.Apply(reader_);
-      // An empty ID ends all staging: nothing after it is sent.
-      if (!prevVoucherKey_.empty()) {
-        const std::string key = VoucherKey();
-        if (key != prevVoucherKey_) BreakVoucher(gridRow, key);
-        family_.StageRow(*this);
+      if (family_.Groups() == Grouping::ByKey) {
+        GroupRow(gridRow);
+      } else {
+        SendRow(gridRow);
       }
       form_.services.face.Progress(gridRow, rowCount);
       form_.services.face.LetEventsRun();
@@ -44,11 +43,33 @@ void VoucherRun::Run() {
   });
 }
 
+void VoucherRun::GroupRow(std::size_t gridRow) {
+  if (prevVoucherKey_.empty()) return;  // an empty ID: nothing after it is sent
+  const std::string key = VoucherKey();
+  if (key != prevVoucherKey_) BreakVoucher(gridRow, key);
+  family_.StageRow(*this);
+}
+
+void VoucherRun::SendRow(std::size_t gridRow) {
+  if (!family_.TakesRow(*this)) return;
+  StartVoucher(VoucherKey());
+  family_.StageRow(*this);
+  ShowOutcome(gridRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
+  vchID_ = std::to_string(++voucherNumber_);
+}
+
 void VoucherRun::Open() {
+  form_.CurrentCompany = form_.cmbCurrentCompanyList.text;
   form_.TabData = form::DataTab::Grid;
   form_.stat("msg", "Deleting Previous Data");
   writers_.PurgeForLoop(family_.BankRows());
   form_.stat("msg", "");
+  family_.AfterOpening(*this);
+}
+
+void VoucherRun::StartVouchersAt(const std::string& vchID) {
+  voucherNumber_ = static_cast<std::int32_t>(platform::Val(vchID));
+  vchID_ = vchID;
 }
 
 void VoucherRun::BindColumns() {
@@ -63,6 +84,26 @@ void VoucherRun::BindColumns() {
   hasId_ = form_.FindListedColumn("ID") >= 0;
 }
 
+void VoucherRun::ReadCell(std::string_view text, Reading reading, std::string& field) const {
+  switch (reading) {
+    case Reading::Text:
+      field.assign(text);
+      break;
+    case Reading::KeptText:
+      if (!text.empty()) field.assign(text);
+      break;
+    case Reading::Amount:
+      field = FormatAmount(platform::Val(text));
+      break;
+    case Reading::Formatted:
+      amountFormat_.Apply(text, field);
+      break;
+    case Reading::Rate:
+      field = FormatAmount(platform::Val(platform::ReplaceAll(std::string(text), "%", "")));
+      break;
+  }
+}
+
 void VoucherRun::ReadRow(std::size_t gridRow) {
   reader_.MoveTo(gridRow);
   const ImportGrid& grid = form_.GR1;
@@ -71,18 +112,14 @@ void VoucherRun::ReadRow(std::size_t gridRow) {
     const std::size_t gridColumn =
         bound.gridColumn != 0 ? bound.gridColumn : grid.ColumnIndex(column.key);
     const std::string_view text = grid.Text(gridRow, gridColumn);
-    std::string& field = row.*column.field;
-    if (column.reading == Reading::Text) {
-      field.assign(text);
-    } else {
-      field = FormatAmount(platform::Val(text));
-    }
+    ReadCell(text, column.reading, row.*column.field);
   }
   if (hasId_) row.Id = reader_.Required("ID");
 }
 
-std::string VoucherRun::VoucherKey() const {
+std::string VoucherRun::VoucherKey() {
   if (hasId_) return row.Id;
+  if (family_.Groups() == Grouping::RowByRow) return family_.KeyOf(row);
   return row.VchType + "-" + row.VchNo + "-" + row.VchDate;
 }
 
@@ -111,7 +148,11 @@ void VoucherRun::ShowOutcome(std::size_t gridRow, const std::string& status) {
   grid.SetText(gridRow, statusColumn_, status);
   switch (form::ClassifyDigest(status)) {
     case form::Outcome::Refused:
-      ReportErrorByVID(prevVoucherKey_, "ID");
+      if (family_.Groups() == Grouping::ByKey) {
+        ReportErrorByVID(prevVoucherKey_, "ID");
+      } else {
+        PaintRefused(gridRow);  // the row is the whole voucher
+      }
       grid.SetIcon(gridRow, form::kIconStopped);
       break;
     case form::Outcome::Created:
@@ -124,6 +165,12 @@ void VoucherRun::ShowOutcome(std::size_t gridRow, const std::string& status) {
   grid.SelectRow(gridRow);
   form_.services.face.RowMarked(gridRow);
   form_.stat("msg", "Processed Document: " + vchID_);
+}
+
+void VoucherRun::PaintRefused(std::size_t gridRow) {
+  form_.GR1.SetForeColour(gridRow, form::kRed);
+  form_.GR1.SetStatusBold(gridRow);
+  form_.services.face.RowMarked(gridRow);
 }
 
 void VoucherRun::ReportErrorByVID(const std::string& key, std::string_view columnName) {
@@ -140,9 +187,7 @@ void VoucherRun::ReportErrorByVID(const std::string& key, std::string_view colum
       }
       std::vector<std::size_t>& rows = rowsOfId_[key];
       for (const std::size_t gridRow : rows) {
-        grid.SetForeColour(gridRow, form::kRed);
-        grid.SetStatusBold(gridRow);
-        form_.services.face.RowMarked(gridRow);
+        PaintRefused(gridRow);
       }
       rows.clear();  // painted once is painted for the run
     }

@@ -19,23 +19,36 @@ namespace vorlane::posting {
 
 class VoucherRun;
 
+/// How grid rows make vouchers.
+enum class Grouping {
+  ByKey,     ///< neighbours of one key; the last row shows the outcome
+  RowByRow,  ///< each row that the family takes is one, and shows its own outcome
+};
+
 /// What one family of vouchers adds to the run that they all share: its columns,
 /// where its counters start, what its head holds, and what a row stages.
 class VoucherFamily {
  public:
   /// `location` is the code under which a failure of the loop is reported.
   VoucherFamily(std::string_view location, std::span<const VoucherColumn> columns,
-                staging::StagingWriters::BankRows bankRows)
-      : location_(location), columns_(columns), bankRows_(bankRows) {}
+                staging::StagingWriters::BankRows bankRows, Grouping grouping = Grouping::ByKey)
+      : location_(location), columns_(columns), bankRows_(bankRows), grouping_(grouping) {}
   virtual ~VoucherFamily() = default;
 
   std::string_view Location() const { return location_; }
   std::span<const VoucherColumn> Columns() const { return columns_; }
   staging::StagingWriters::BankRows BankRows() const { return bankRows_; }
+  Grouping Groups() const { return grouping_; }
 
   /// Before anything is deleted or staged; false ends the loop without a word
   /// more.
   virtual bool BeforeRun(VoucherRun&) { return true; }
+  /// Once the staging tables are empty.
+  virtual void AfterOpening(VoucherRun&) {}
+  /// Of a family that goes row by row: whether the row in hand is a voucher.
+  virtual bool TakesRow(VoucherRun&) { return true; }
+  /// Of a family that goes row by row: the key of the row in hand.
+  virtual std::string KeyOf(const VoucherRow&) { return {}; }
   /// Sets the counters of a new voucher.
   virtual void StartCounters(VoucherRun& run) = 0;
   /// Changes the head that every voucher starts from.
@@ -47,6 +60,7 @@ class VoucherFamily {
   std::string_view location_;
   std::span<const VoucherColumn> columns_;
   staging::StagingWriters::BankRows bankRows_;
+  Grouping grouping_;
 };
 
 /// The numbers of the staged rows of the voucher in hand. They go into the store
@@ -56,6 +70,14 @@ struct Counters {
   std::int32_t BiAID = 0;
   std::int32_t BAaID = 0;
   std::int32_t CAID = 0;
+  std::int32_t InEID = 0;
+  std::int32_t IDNID = 0;
+  std::int32_t IOLID = 0;
+  std::int32_t BOTID = 0;
+  std::int32_t AttID = 0;
+  // Both number lines of BasicBuyerAddress (or of Address, for the buyer's own).
+  std::int32_t ConsigneeBBAID = 0;
+  std::int32_t BuyerBBAID = 0;
 };
 
 /// The loop that every family of vouchers shares: it walks the grid, groups
@@ -76,6 +98,9 @@ class VoucherRun {
   staging::StagingWriters& Writers() { return writers_; }
   const std::string& Company() const { return form_.CurrentCompany; }
   const std::string& VchID() const { return vchID_; }
+  std::size_t GridRow() const { return reader_.Row(); }
+  /// Numbers the vouchers of the run from another id than "1".
+  void StartVouchersAt(const std::string& vchID);
 
   VoucherRow row;  ///< the row in hand; a family may change it, and it stays so
   Counters counters;
@@ -92,10 +117,14 @@ class VoucherRun {
   void Open();
   void BindColumns();
   void ReadRow(std::size_t gridRow);
-  std::string VoucherKey() const;
+  void ReadCell(std::string_view text, Reading reading, std::string& field) const;
+  std::string VoucherKey();
+  void GroupRow(std::size_t gridRow);
+  void SendRow(std::size_t gridRow);
   void BreakVoucher(std::size_t gridRow, const std::string& key);
   void StartVoucher(const std::string& key);
   void ShowOutcome(std::size_t gridRow, const std::string& status);
+  void PaintRefused(std::size_t gridRow);
   void ReportErrorByVID(const std::string& key, std::string_view columnName);
 
   form::ImportForm& form_;

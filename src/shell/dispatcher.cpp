@@ -31,22 +31,32 @@ constexpr std::pair<std::string_view, Loop> kFormatLoops[] = {
 
 /// The loops that are built.
 constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
+    {Loop::PostAttendance, posting::PostAttendance},
     {Loop::PostBankStmt, posting::PostBankStmt},
     {Loop::PostCostCategories, masters::PostCostCategories},
     {Loop::PostCostCentres, masters::PostCostCentres},
     {Loop::PostCostTransaction, posting::PostCostTransaction},
+    {Loop::PostCrDrNotes, posting::PostCrDrNotes},
     {Loop::PostGodowns, masters::PostGodowns},
+    {Loop::PostItemizedTransaction, posting::PostItemizedTransaction},
     {Loop::PostLedgerGroups, masters::PostLedgerGroups},
     {Loop::PostLedgers, masters::PostLedgers},
+    {Loop::PostNotes, posting::PostNotes},
+    {Loop::PostOrders, posting::PostOrders},
+    {Loop::PostPhysicalStock, posting::PostPhysicalStock},
     {Loop::PostQuickTransaction, posting::PostQuickTransaction},
     {Loop::PostSTTDSTransaction, posting::PostSTTDSTransaction},
     {Loop::PostServTaxTransaction, posting::PostServTaxTransaction},
     {Loop::PostStockCategories, masters::PostStockCategories},
     {Loop::PostStockGroups, masters::PostStockGroups},
     {Loop::PostStockItems, masters::PostStockItems},
+    {Loop::PostStockJV, posting::PostStockJV},
     {Loop::PostTDSTransaction, posting::PostTDSTransaction},
     {Loop::PostTransaction, posting::PostTransaction},
     {Loop::PostUnits, masters::PostUnits},
+    {Loop::PostVATTransaction, posting::PostVATTransaction},
+    {Loop::PostVATTransactionMC, posting::PostVATTransactionMC},
+    {Loop::PostVoucherRegister, posting::PostVoucherRegister},
 };
 
 }  // namespace

@@ -1,16 +1,16 @@
 #pragma once
 
 #include "form/import_form.h"
+#include "gateway/settings_keys.h"
 
 namespace vorlane::shell {
 
-/// The settings, by their keys in the section `Config`.
-inline constexpr std::string_view kConfigSection = "Config";
-inline constexpr std::string_view kServerAddress = "ServerAddress";
-inline constexpr std::string_view kPortNo = "PortNo";
-inline constexpr std::string_view kDateFormat = "DateFormat";
-inline constexpr std::string_view kDecimalPlaces = "DecimalPlaces";
-inline constexpr std::string_view kUseOldTally = "UseOldTally";
+using gateway::kConfigSection;
+using gateway::kDateFormat;
+using gateway::kDecimalPlaces;
+using gateway::kPortNo;
+using gateway::kServerAddress;
+using gateway::kUseOldTally;
 
 /// A setting as it is stored now; empty when it was never written.
 std::string ReadSetting(const form::ImportForm& importForm, std::string_view key);

@@ -1,8 +1,10 @@
 #include "shell/run_report.h"
 
+#include "platform/runtime/failure.h"
 #include "platform/runtime/format.h"
 #include "platform/runtime/text.h"
 #include "platform/system/text_file.h"
+#include "shell/start_up.h"
 
 namespace vorlane::shell {
 
@@ -35,11 +37,16 @@ std::string Stamp(const ImportForm& importForm) {
   return platform::ReplaceAll(std::move(stamp), ":", ".");
 }
 
-/// Pasted together, since a company's name may begin with "/" and must not lead
-/// out of the folder.
+/// Under the company and the time. A company whose name no file can bear, or that
+/// would lead out of the folder, has no report of this kind.
 std::filesystem::path ReportPath(const ImportForm& importForm) {
-  return importForm.services.applicationFolder.string() + "/" + importForm.CurrentCompany + " " +
-         Stamp(importForm) + ".txt";
+  const std::string& company = importForm.CurrentCompany;
+  if (company.find('/') != std::string::npos || company.find('\0') != std::string::npos) {
+    throw platform::Failure(
+        platform::failure_number::kBadFileName, "SaveReport",
+        "The company's name '" + company + "' holds a character that a file's name cannot have.");
+  }
+  return importForm.services.applicationFolder / (company + " " + Stamp(importForm) + ".txt");
 }
 
 }  // namespace
@@ -62,11 +69,11 @@ void SaveReport(ImportForm& importForm, const std::filesystem::path& path) {
 void mnuSaveR(ImportForm& importForm) {
   importForm.Trap("F01-0037", [&] {
     SaveReport(importForm, ReportPath(importForm));
-    // The stamp is taken again for the box, so it can tell a second later than
-    // the file's name.
+    // Shown whatever became of the file: a failure has had its own box. The stamp
+    // is taken again, so the box can tell a second later than the file's name.
     importForm.ShowBox(
-        {"Report has been saved at following location.\r\n" + ReportPath(importForm).string(), "",
-         form::BoxIcon::None});
+        {"Report has been saved at following location.\r\n" + ReportPath(importForm).string(),
+         std::string(kApplicationTitle), form::BoxIcon::None});
   });
 }
 

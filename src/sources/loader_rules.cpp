@@ -26,9 +26,10 @@ constexpr std::string_view kCopyNumbers[] = {"DEBIT",     "CREDIT",     "RATE",
 // empty rows                                           left out        copied         copied
 // numbers formatted again in the copy                  no              nine           no
 // empty rows at the end                                two             one            one
-const LoaderRules kExcelLoader {"F01-0011", kByExcel,  kOrderedExcel, true,  false, true,  kAllDates,  false, kAllNumbers,   false, {},           2};
-const LoaderRules kAccessLoader{"F01-0012", kByAccess, kAsItStands,   false, true,  false, kAllDates,  false, kFirstNumbers, true,  kCopyNumbers, 1};
-const LoaderRules kOdbcLoader  {"F01-0013", kByAccess, kAsItStands,   false, true,  false, kOdbcDates, true,  kFirstNumbers, true,  {},           1};
+// optional fields of a register's map                  read            left           left
+const LoaderRules kExcelLoader {"F01-0011", kByExcel,  kOrderedExcel, true,  false, true,  kAllDates,  false, kAllNumbers,   false, {},           2, true};
+const LoaderRules kAccessLoader{"F01-0012", kByAccess, kAsItStands,   false, true,  false, kAllDates,  false, kFirstNumbers, true,  kCopyNumbers, 1, false};
+const LoaderRules kOdbcLoader  {"F01-0013", kByAccess, kAsItStands,   false, true,  false, kOdbcDates, true,  kFirstNumbers, true,  {},           1, false};
 // clang-format on
 
 }  // namespace vorlane::sources

@@ -22,6 +22,7 @@ struct LoaderRules {
   bool copiesEmptyRows;
   std::span<const std::string_view> formattedInCopy;  ///< headers, formatted a second time
   int emptyRowsAtEnd;
+  bool readsWholeRegisterMap;  ///< the map's optional fields too
 };
 
 extern const LoaderRules kExcelLoader;

@@ -1,14 +1,12 @@
 #include "sources/record_loading.h"
 
-#include <algorithm>
-#include <functional>
-
 #include "formats/format_catalogue.h"
-#include "platform/runtime/failure.h"
-#include "platform/runtime/format.h"
 #include "platform/runtime/text.h"
+#include "sources/grid_copy.h"
 #include "sources/import_types.h"
+#include "sources/load.h"
 #include "sources/loader_rules.h"
+#include "sources/register_loading.h"
 #include "sources/row_repairs.h"
 #include "sources/source_connections.h"
 
@@ -22,14 +20,6 @@ using platform::Connection;
 using platform::UpperCase;
 
 namespace {
-
-/// A load in hand: the loader's rules, the table it wants, and how to open it.
-struct Load {
-  const LoaderRules& rules;
-  const std::string& sheet;
-  std::function<std::string()> tableName;  ///< as the schema is to list it
-  std::function<std::unique_ptr<Connection>()> open;
-};
 
 void AddEmptyRow(ImportForm& importForm) {
   importForm.GR1.AddRow();
@@ -57,109 +47,6 @@ std::string FindTable(Connection& connection, const std::string& name) {
   return {};
 }
 
-/// The column that the ID of a row is built in, and the columns it is built of.
-/// A source with an ID of its own, or without VchType, gets none.
-class IdBuilder {
- public:
-  explicit IdBuilder(ImportForm& importForm) : form_(importForm) {
-    for (const std::string_view name : {"VchType", "VchNo", "VchDate", "RefNo"}) {
-      const int column = importForm.FindListedColumn(name);
-      if (column >= 0) columns_.push_back(static_cast<std::size_t>(column));
-    }
-    isOn_ = importForm.FindListedColumn("ID") < 0 && importForm.FindListedColumn("VchType") >= 0;
-  }
-
-  void AddColumn() {
-    if (!isOn_) return;
-    form_.GR1.AddColumn("ID", "ID");
-    gridColumn_ = form_.GR1.ColumnCount();
-  }
-
-  /// Builds the ID of a listed row into its grid row. Rows of one voucher share
-  /// the text.
-  void Build(std::size_t listedRow, std::size_t gridRow) {
-    if (!isOn_ || form_.IsEmptyRowEx(listedRow)) return;
-    id_.clear();
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-      if (i > 0) id_ += '-';
-      id_ += form_.lstLedgerTree.Cell(listedRow, columns_[i]);
-    }
-    if (lastGridRow_ != 0 && lastGridRow_ + 1 == gridRow && id_ == lastId_) {
-      form_.GR1.ShareTextFromAbove(gridRow, gridColumn_);
-    } else {
-      form_.GR1.SetText(gridRow, gridColumn_, id_);
-      std::swap(id_, lastId_);
-    }
-    lastGridRow_ = gridRow;
-  }
-
- private:
-  ImportForm& form_;
-  std::vector<std::size_t> columns_;
-  bool isOn_ = false;
-  std::size_t gridColumn_ = 0;
-  std::string id_;
-  std::string lastId_;
-  std::size_t lastGridRow_ = 0;
-};
-
-/// Formats cells of the grid a second time, by their headers, as they are copied.
-class CopyFormatter {
- public:
-  CopyFormatter(ImportForm& importForm, const LoaderRules& rules)
-      : grid_(importForm.GR1), pattern_(importForm.AmountFormat) {
-    for (std::size_t column = 1; column <= grid_.ColumnCount(); ++column) {
-      const auto& names = rules.formattedInCopy;
-      const std::string header = UpperCase(grid_.Column(column).header);
-      if (std::find(names.begin(), names.end(), header) != names.end()) columns_.push_back(column);
-    }
-  }
-
-  void Format(std::size_t row) {
-    for (const std::size_t column : columns_) {
-      const std::string_view text = grid_.Text(row, column);
-      formatted_.clear();
-      pattern_.Apply(text, formatted_);
-      if (formatted_ != text) grid_.SetText(row, column, formatted_);
-    }
-  }
-
- private:
-  ImportGrid& grid_;
-  platform::FormatPattern pattern_;
-  std::vector<std::size_t> columns_;
-  std::string formatted_;
-};
-
-void CopyToGrid(ImportForm& importForm, const platform::Recordset& recordset,
-                const LoaderRules& rules) {
-  ImportGrid& grid = importForm.GR1;
-  grid.SetRedraw(false);
-  grid.ShowSource(recordset.Fields(), recordset.Rows());
-  IdBuilder ids(importForm);
-  ids.AddColumn();
-  grid.AddColumn(ImportGrid::kStatusKey, ImportGrid::kStatusHeader);
-  CopyFormatter formatter(importForm, rules);
-  const std::size_t records = recordset.RecordCount();
-  grid.ReserveRows(records + 2);
-  const std::string total = "/" + std::to_string(records);
-  std::string progress;
-  for (std::size_t record = 1; record <= records; ++record) {
-    if (rules.copiesEmptyRows || !importForm.IsEmptyRowEx(record)) {
-      const std::size_t row = grid.AddSourceRow(record - 1);
-      formatter.Format(row);
-      ids.Build(record, row);
-    }
-    progress.assign("Reading Records => ").append(std::to_string(record)).append(total);
-    importForm.stat("msg", progress);
-    importForm.services.face.Progress(record, records);
-  }
-  importForm.stat("msg", "");
-  for (int i = 0; i < rules.emptyRowsAtEnd; ++i) grid.AddRow();
-  grid.SetRedraw(true);
-  importForm.services.face.GridChanged();
-}
-
 /// Ordered types are vouchers: they offer the check of masters, all others the
 /// skipping of what exists.
 void ShowBoxesFor(ImportForm& importForm, bool ordered) {
@@ -177,12 +64,7 @@ void LoadRows(ImportForm& importForm, const Load& load) {
   const bool isFormat = (!accepted || rules.treatsFormatsAsVouchers) &&
                         formats::GetCustomFormatName(importForm.services.store, key) == key;
   if (!accepted && !isFormat) {
-    if (type && type->reading & kRegister) {
-      throw platform::Failure(
-          platform::failure_number::kFeatureNotBuilt, "LoadRows",
-          "Voucher registers are not built into this version yet; the register " + load.sheet +
-              " was not loaded.");
-    }
+    if (type && type->reading & kRegister) return LoadRegisterRows(importForm, load);
     return Refuse(importForm, load.sheet);
   }
   const std::unique_ptr<Connection> connection = load.open();
@@ -198,7 +80,9 @@ void LoadRows(ImportForm& importForm, const Load& load) {
     FillDown(importForm.lstLedgerTree, rules);
     FormatColumns(importForm.lstLedgerTree, rules, importForm.DateFormat, importForm.AmountFormat);
   }
-  CopyToGrid(importForm, recordset, rules);
+  GridCopy(importForm, recordset,
+           {rules.copiesEmptyRows, rules.formattedInCopy, rules.emptyRowsAtEnd})
+      .CopyRows();
 }
 
 }  // namespace
@@ -242,14 +126,14 @@ void LoadExcelRows(ImportForm& importForm, const std::string& sheet) {
     const bool isText = HasExtension(path, ".CSV") || HasExtension(path, ".TXT");
     LoadRows(importForm,
              {kExcelLoader, sheet, [&] { return isText ? FileName(path) : sheet + "$"; },
-              [&] { return OpenFileForRows(path); }});
+              sheet + "Map$", [&] { return OpenFileForRows(path); }});
   });
 }
 
 void LoadAccessRows(ImportForm& importForm, const std::string& sheet, const std::string& /*user*/,
                     const std::string& password) {
   importForm.Trap(kAccessLoader.location, [&] {
-    LoadRows(importForm, {kAccessLoader, sheet, [&] { return sheet; },
+    LoadRows(importForm, {kAccessLoader, sheet, [&] { return sheet; }, sheet + "Map",
                           [&] { return OpenAccess(importForm.txtMdbPath, password); }});
   });
 }
@@ -257,7 +141,7 @@ void LoadAccessRows(ImportForm& importForm, const std::string& sheet, const std:
 void LoadODBCRows(ImportForm& importForm, const std::string& sheet, const std::string& dsn,
                   const std::string& user, const std::string& password) {
   importForm.Trap(kOdbcLoader.location, [&] {
-    LoadRows(importForm, {kOdbcLoader, sheet, [&] { return sheet; },
+    LoadRows(importForm, {kOdbcLoader, sheet, [&] { return sheet; }, sheet + "Map",
                           [&] { return OpenOdbc(dsn, user, password); }});
   });
 }

@@ -15,13 +15,13 @@ using staging::Statement;
 
 namespace {
 
-/// The amount as it stands against the number zero: a text that is no number has
-/// no answer and fails the document; null is no amount.
+/// The amount as it stands against the number zero. A text that is no number,
+/// such as an amount in two currencies, is another thing than zero; null is no
+/// amount.
 bool IsAmountNotZero(std::optional<std::string_view> amount) {
   if (!amount) return false;
-  if (const auto number = platform::ParseNumber(*amount)) return *number != 0;
-  throw Failure(platform::failure_number::kTypeMismatch, "WriteVoucherDocument",
-                "The amount of a bill allocation is no number: '" + std::string(*amount) + "'.");
+  const auto number = platform::ParseNumber(*amount);
+  return !number || *number != 0;
 }
 
 bool IsWanted(RowRule rule, std::optional<std::string_view> amount) {

@@ -34,6 +34,7 @@ class Surroundings:
             PATH=bin_folder + os.pathsep + os.environ["PATH"],
             VORLANE_HOME=os.path.join(scratch, "home"),
             XDG_CONFIG_HOME=os.path.join(scratch, "config"),
+            LC_ALL="C",  # what the shell's own tools say
         )
         self.gateway = subprocess.Popen(
             ["vorlane-practice", "--port", "0", "--company", "Demo Traders", "--stop-after", "300"],

@@ -261,12 +261,12 @@ INSTANTIATE_TEST_SUITE_P(
                  "COST CENTRES: Pune"}));
 
 TEST_F(MasterLoopsTest, MarksRowsByWhatTallyAnswers) {
-  LoadCsvText("GODOWNS", "Name,Parent,HasNoStock\na,,\n,x,y\nb,,\nc,,\nd,,\n  ,,\ne,,\nf,,\n");
+  LoadCsvText("GODOWNS", "Name,Parent,HasNoStock\na,,\n,x,y\nb,,\nc,,\nd,,\n,,\ne,,\n\"  \",x,y\n");
   const std::string raw = "<RESPONSE><CREATED>0</CREATED><IGNORED>2</IGNORED></RESPONSE>";
   ImportsAnswer({"", Response("CREATED"), raw, Response("ERRORS"), "gone", Response("ALTERED")});
   PostGodowns(form_);
-  // The row without a name is left alone; one of blanks, "  ", is a name. The
-  // loader has left the row of blanks out.
+  // A row without a name is left alone, but blanks are a name. The loader has
+  // left out the empty row.
   EXPECT_EQ(AllMarked(), (Lines{"- black bold", "- black", "0 blue bold: CREATED ",
                                 "0 blue bold: " + raw, "1 red bold: ERRORS ", "- red bold: gone",
                                 "0 black bold: ALTERED ", "- black", "- black"}));

@@ -155,8 +155,8 @@ INSTANTIATE_TEST_SUITE_P(
         ImportCase{"Deleted", "<GODOWN NAME=\"main location\" ACTION=\"Delete\"/>", "0010"},
         ImportCase{"DeletedInVain", "<GODOWN NAME=\"x\" ACTION=\"Delete\"/>",
                    "0001 Godown &apos;x&apos; does not exist!"},
-        ImportCase{"UnknownKind", "<VOUCHER VCHTYPE=\"Sales\"/>",
-                   "0001 The practice gateway keeps no objects of the kind &apos;VOUCHER&apos;!"},
+        ImportCase{"UnknownKind", "<BUDGET NAME=\"Sales\"/>",
+                   "0001 The practice gateway keeps no objects of the kind &apos;BUDGET&apos;!"},
         ImportCase{"Nothing", "", "0000"}),
     [](const auto& row) { return std::string(row.param.name); });
 
@@ -217,7 +217,8 @@ TEST_F(GatewayTest, LooksUpObjectsBySubtype) {
       {"STOCK ITEMS", "12&quot; steel"},
       {"COST CENTRES", "Primary"},
       {"COST CENTRE", "Primary"},
-      {"COST CATEGORIES", "Primary Cost Category"}};
+      {"COST CATEGORIES", "Primary Cost Category"},
+      {"VOUCHER TYPES", "journal"}};
   for (const auto& [subtype, name] : present) {
     const std::string answer = Ask(Lookup(subtype, name));
     EXPECT_EQ(answer.find("<ERRORMSG>"), answer.npos) << subtype << answer;

@@ -57,6 +57,20 @@ TEST(PracticeProgram, ListensUntilItsTimeIsOver) {
   EXPECT_TRUE(answer.ends_with(ReadFile(record + "/0001-answer.xml")));
 }
 
+TEST(PracticeProgram, TakesSeeds) {
+  const TemporaryFolder folder;
+  const std::string seed = folder / "seed.xml";
+  std::ofstream(seed) << OldImport(Creating("GODOWN", "Yard", "<PARENT>Nowhere</PARENT>"));
+  const Ended told = RunProgram("--port 0 --stop-after 0 --seed " + seed);
+  EXPECT_EQ(told.code, 0);
+  EXPECT_NE(told.output.find("vorlane-practice: seed.xml: Godown 'Nowhere' does not exist!"),
+            std::string::npos)
+      << told.output;
+  const Ended refused = RunProgram("--port 0 --seed " + seed + " --seed " + (folder / "absent"));
+  EXPECT_EQ(refused.code, 1);
+  EXPECT_EQ(refused.output.find("Listening"), std::string::npos) << refused.output;
+}
+
 TEST(PracticeProgram, StopsOnASignal) {
   for (const char* signal : {"INT", "TERM"})
     EXPECT_EQ(RunProgram(std::string("--port 0 --stop-after 60 & sleep 0.3; kill -") + signal +

@@ -81,23 +81,5 @@ TEST(RowRepairs, RewriteEachOfARunOfEqualCells) {
                   "S|4|01-04-2024|x", "S|5|soon|x", "S|6|soon|"}));
 }
 
-TEST(LoaderRules, SayWhatTheCopyDoes) {
-  const struct {
-    const LoaderRules& rules;
-    bool choosesBoxes, formatsAsVouchers, copiesEmptyRows;
-    std::size_t formattedAgain;
-    int emptyRowsAtEnd;
-  } rows[] = {{kExcelLoader, true, false, false, 0, 2},
-              {kAccessLoader, false, true, true, 9, 1},
-              {kOdbcLoader, false, true, true, 0, 1}};
-  for (const auto& row : rows) {
-    EXPECT_EQ(row.rules.choosesBoxes, row.choosesBoxes) << row.rules.location;
-    EXPECT_EQ(row.rules.treatsFormatsAsVouchers, row.formatsAsVouchers) << row.rules.location;
-    EXPECT_EQ(row.rules.copiesEmptyRows, row.copiesEmptyRows) << row.rules.location;
-    EXPECT_EQ(row.rules.formattedInCopy.size(), row.formattedAgain) << row.rules.location;
-    EXPECT_EQ(row.rules.emptyRowsAtEnd, row.emptyRowsAtEnd) << row.rules.location;
-  }
-}
-
 }  // namespace
 }  // namespace vorlane::sources

@@ -47,7 +47,7 @@ struct Progress {
 
   const HttpLimits& limits;
   std::string body;
-  std::string statusLine;
+  bool isInterim = false;  ///< the head in hand is "100 Continue" or the like
   bool headComplete = false;
   bool connected = false;
   curl_off_t bytesMoved = 0;
@@ -61,9 +61,10 @@ std::size_t OnHeaderLine(char* data, std::size_t, std::size_t size, void* user) 
   // A server may send "100 Continue" and its blank line before the true head.
   if (line.starts_with("HTTP/")) {
     progress.headComplete = false;
-    progress.statusLine = line.substr(0, 16);
+    const std::size_t blank = line.find(' ');
+    progress.isInterim = blank != line.npos && line.substr(blank + 1).starts_with('1');
   } else if (line == "\r\n" || line == "\n") {
-    progress.headComplete = progress.statusLine.find(" 1") == std::string::npos;
+    progress.headComplete = !progress.isInterim;
   }
   return size;
 }

@@ -55,24 +55,20 @@ std::string ReadWholeFile(const std::filesystem::path& path) {
   const FileHandle file(path, O_RDONLY);
   struct stat facts {};
   std::string text;
-  // A hint only: the files of /proc say 0, and a file may grow meanwhile.
+  // A hint only: the files of /proc say 0, and a file may grow meanwhile. The
+  // byte more is where the read that finds the end goes.
   if (::fstat(file.Get(), &facts) == 0 && facts.st_size > 0) {
-    text.reserve(static_cast<std::size_t>(facts.st_size) + kMargin);
+    text.reserve(static_cast<std::size_t>(facts.st_size) + 1);
   }
   for (std::size_t have = 0;; have = text.size()) {
-    text.resize(std::max(text.capacity(), have + kMargin));
+    if (have == text.capacity()) text.reserve(have + kMargin);
+    text.resize(text.capacity());
     const ssize_t count = ::read(file.Get(), text.data() + have, text.size() - have);
     const int error = errno;
     text.resize(have + static_cast<std::size_t>(std::max<ssize_t>(count, 0)));
     if (count == 0) return text;
     if (count < 0 && error != EINTR) throw FileFailure("read", path, error);
   }
-}
-
-void AppendToFile(const std::filesystem::path& path, std::string_view text) {
-  FileWriter writer(path, FileWriter::Start::AtEnd);
-  writer.Write(text);
-  writer.Close();
 }
 
 FileWriter::FileWriter(std::filesystem::path path, Start start)

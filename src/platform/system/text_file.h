@@ -17,9 +17,6 @@ Failure FileFailure(std::string_view action, const std::filesystem::path& path, 
 /// The bytes of a file. A folder is a Failure like a missing file.
 std::string ReadWholeFile(const std::filesystem::path& path);
 
-/// Adds to the end of a file, which is created when missing.
-void AppendToFile(const std::filesystem::path& path, std::string_view text);
-
 /// Writes a file, which is created when missing. The text is held back in pieces
 /// of 64 KB, each of which two processes that append see whole; only Close tells
 /// whether all of it arrived. An object that goes without Close still writes what

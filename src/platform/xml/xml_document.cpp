@@ -57,7 +57,9 @@ bool CanHold(NodeType parent, NodeType child) {
 }  // namespace
 
 XmlTree::XmlTree(XmlDocument* owner)
-    : arena(4096), document(owner), root(NewNode(NodeType::Document, "#document")) {}
+    : arena(firstPiece.data(), firstPiece.size()),
+      document(owner),
+      root(NewNode(NodeType::Document, "#document")) {}
 
 XmlNode* XmlTree::NewNode(NodeType type, std::string_view name, std::string_view value) {
   auto* node = new (arena.allocate(sizeof(XmlNode), alignof(XmlNode))) XmlNode;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <climits>
@@ -239,6 +240,29 @@ struct FreeParser {
   void operator()(xmlParserCtxtPtr parser) const { xmlFreeParserCtxt(parser); }
 };
 
+// The thread's parser as if new; null when there is no memory. Making one costs
+// as much as parsing an answer. What is kept is the dictionary of names, which
+// must not grow for ever on what comes over the wire.
+xmlParserCtxtPtr KeptParser() {
+  constexpr int kMostNames = 4096;
+  thread_local std::unique_ptr<xmlParserCtxt, FreeParser> parser;
+  if (parser != nullptr && xmlDictSize(parser->dict) <= kMostNames) {
+    xmlCtxtReset(parser.get());
+  } else {
+    parser.reset(xmlNewParserCtxt());
+  }
+  return parser.get();
+}
+
+// Names of the letters that Tally uses need no library to be told.
+bool IsPlainName(std::string_view name) {
+  const auto isLetter = [](char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '_';
+  };
+  const auto isInner = [&](char c) { return isLetter(c) || (c >= '0' && c <= '9') || c == '.'; };
+  return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isInner);
+}
+
 }  // namespace
 
 bool ParseXml(std::string_view text, XmlTree& tree) {
@@ -255,25 +279,26 @@ bool ParseXml(std::string_view text, XmlTree& tree) {
     return false;
   }
 
-  const std::unique_ptr<xmlParserCtxt, FreeParser> parser(xmlNewParserCtxt());
+  const xmlParserCtxtPtr parser = KeptParser();
   if (parser == nullptr) return false;
   *parser->sax = handler;
   TreeBuilder builder(tree, disguise);
   parser->_private = &builder;
   // NOENT makes `&amp;` in an attribute arrive as "&"; there is no document type
   // that could bring in entities of other kinds.
-  xmlCtxtUseOptions(parser.get(), XML_PARSE_NONET | XML_PARSE_IGNORE_ENC | XML_PARSE_NOENT);
+  xmlCtxtUseOptions(parser, XML_PARSE_NONET | XML_PARSE_IGNORE_ENC | XML_PARSE_NOENT);
   // The parser reads the text where it stands, as UTF-8, which it takes it for
   // when nobody names an encoding. The usual call, which hands it a buffer and
   // the encoding, makes it refill that buffer at every token: twice the time.
-  xmlParserInputPtr input = xmlNewStringInputStream(parser.get(), BAD_CAST terminated.c_str());
-  if (input == nullptr || inputPush(parser.get(), input) < 0) return false;
-  xmlParseDocument(parser.get());
+  xmlParserInputPtr input = xmlNewStringInputStream(parser, BAD_CAST terminated.c_str());
+  if (input == nullptr || inputPush(parser, input) < 0) return false;
+  xmlParseDocument(parser);
   xmlFreeDoc(std::exchange(parser->myDoc, nullptr));
   return parser->wellFormed != 0 && !builder.Refused();
 }
 
 bool IsXmlName(std::string_view name) {
+  if (IsPlainName(name)) return true;
   if (name.find('\0') != name.npos) return false;
   const std::string terminated(name);
   const xmlChar* bytes = BAD_CAST terminated.c_str();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <memory_resource>
 #include <string_view>
@@ -37,6 +38,8 @@ struct XmlTree {
   /// is null for the first.
   static void AppendAttribute(XmlNode* element, XmlNode* last, XmlNode* attribute);
 
+  /// The arena's first piece, so that a small document asks for memory once.
+  alignas(std::max_align_t) std::array<std::byte, 16384> firstPiece;
   std::pmr::monotonic_buffer_resource arena;
   XmlDocument* document;
   XmlNode* root;

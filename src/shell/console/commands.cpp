@@ -2,9 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
-#include "shell/console/grid_printer.h"
 #include "shell/options.h"
 #include "shell/post.h"
 #include "shell/refresh.h"
@@ -226,13 +224,14 @@ void CommandReader::Options(const Words& words) {
   shell::Refresh(form_);
 }
 
-void CommandReader::Grid(const Words& words) {
-  PrintGrid(form_.GR1, ParseRows(form_.GR1, WordAt(words, 1), WordAt(words, 2)), output_);
+void CommandReader::PrintRows(const Words& words, RowPrinter print) {
+  const auto rows = ParseRows(form_.GR1, WordAt(words, 1), WordAt(words, 2));
+  if (!rows) return Complain("A row is a number from 1: " + Join(words, 0));
+  print(form_.GR1, *rows, output_);
 }
 
-void CommandReader::Marks(const Words& words) {
-  PrintMarks(form_.GR1, ParseRows(form_.GR1, WordAt(words, 1), WordAt(words, 2)), output_);
-}
+void CommandReader::Grid(const Words& words) { PrintRows(words, PrintGrid); }
+void CommandReader::Marks(const Words& words) { PrintRows(words, PrintMarks); }
 
 void CommandReader::Panels(const Words&) {
   output_ << "msg\t" << EscapeCell(form_.panelMsg) << "\nstat\t" << EscapeCell(form_.panelStat)

@@ -8,6 +8,7 @@
 
 #include "form/import_form.h"
 #include "shell/console/console_face.h"
+#include "shell/console/grid_printer.h"
 
 namespace vorlane::shell::console {
 
@@ -58,6 +59,8 @@ class CommandReader {
   void Help(const Words& words);
 
   void Tick(form::CheckBox& box, const Words& words);
+  using RowPrinter = void (*)(const form::ImportGrid&, RowRange, std::ostream&);
+  void PrintRows(const Words& words, RowPrinter print);
   void Complain(const std::string& text);
 
   form::ImportForm& form_;

@@ -23,7 +23,8 @@ std::string TerminalText(std::string text) {
   return text;
 }
 
-bool IsYes(const std::string& line) {
+bool IsYes(std::string_view line) {
+  if (line.ends_with('\r')) line.remove_suffix(1);  // a script written on another system
   const std::string word = platform::UpperCase(platform::Trim(line));
   return word == "Y" || word == "YES";
 }

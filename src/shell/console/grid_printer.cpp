@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <charconv>
 
-#include "platform/runtime/failure.h"
-
 namespace vorlane::shell::console {
 
 using form::ImportGrid;
@@ -12,21 +10,22 @@ using form::RowMark;
 
 namespace {
 
-std::size_t ParseRow(const std::string& word) {
-  std::size_t row = 0;
+/// Reads a row's number; false when the word is none. An empty word changes
+/// nothing.
+bool ParseRow(const std::string& word, std::size_t& row) {
+  if (word.empty()) return true;
   const char* end = word.data() + word.size();
   const auto [stop, error] = std::from_chars(word.data(), end, row);
-  if (error == std::errc() && stop == end && row > 0) return row;
-  throw platform::Failure(platform::failure_number::kTypeMismatch, "grid",
-                          "A row is a number from 1, not '" + word + "'.");
+  return error == std::errc() && stop == end && row > 0;
 }
 
 }  // namespace
 
-RowRange ParseRows(const ImportGrid& grid, const std::string& from, const std::string& to) {
+std::optional<RowRange> ParseRows(const ImportGrid& grid, const std::string& from,
+                                  const std::string& to) {
   RowRange rows{1, grid.RowCount()};
-  if (!from.empty()) rows.from = ParseRow(from);
-  if (!to.empty()) rows.to = std::min(rows.to, ParseRow(to));
+  if (!ParseRow(from, rows.from) || !ParseRow(to, rows.to)) return std::nullopt;
+  rows.to = std::min(rows.to, grid.RowCount());
   return rows;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <ostream>
 #include <string>
 #include <string_view>
@@ -16,8 +17,9 @@ struct RowRange {
 };
 
 /// The rows that two words name, cut to those that the grid has; an empty word
-/// stands for the first or the last. Fails for a word that is no number.
-RowRange ParseRows(const form::ImportGrid& grid, const std::string& from, const std::string& to);
+/// stands for the first or the last. Nothing when one is no number from 1.
+std::optional<RowRange> ParseRows(const form::ImportGrid& grid, const std::string& from,
+                                  const std::string& to);
 
 /// A cell on one line: tab, line feed, carriage return and backslash become \t,
 /// \n, \r and \\.

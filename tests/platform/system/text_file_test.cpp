@@ -80,9 +80,15 @@ TEST_F(TextFileTest, KeepsWhatWasWrittenWhenTheWorkFails) {
   EXPECT_EQ(ReadWholeFile(file_), "one\r\n");
 }
 
+void Append(const std::filesystem::path& path, std::string_view text) {
+  FileWriter writer(path, FileWriter::Start::AtEnd);
+  writer.Write(text);
+  writer.Close();
+}
+
 TEST_F(TextFileTest, AppendsAndCreates) {
-  AppendToFile(file_, "one");
-  AppendToFile(file_, "two");
+  Append(file_, "one");
+  Append(file_, "two");
   EXPECT_EQ(ReadWholeFile(file_), "onetwo");
 }
 
@@ -93,16 +99,16 @@ TEST_F(TextFileTest, NamesAFileThatCannotBeOpened) {
   FileWriter(file_).Write("x");
   const std::string below = file_ / "below";
   ExpectFailure(kPathNotFound, "Cannot open " + below + ": Not a directory.", ENOTDIR,
-                [&] { AppendToFile(below, "x"); });
+                [&] { Append(below, "x"); });
   ExpectFailure(kPathFileAccess, "Cannot open " + folder_.Path().native() + ": Is a directory.",
-                EISDIR, [&] { AppendToFile(folder_.Path(), "x"); });
+                EISDIR, [&] { Append(folder_.Path(), "x"); });
   ExpectFailure(kPathFileAccess, "Cannot read " + folder_.Path().native() + ": Is a directory.",
                 EISDIR, [&] { ReadWholeFile(folder_.Path()); });
 }
 
 TEST_F(TextFileTest, TellsOfAFullDisk) {
   const std::string description = "Cannot write /dev/full: No space left on device.";
-  ExpectFailure(kDiskFull, description, ENOSPC, [] { AppendToFile("/dev/full", "x"); });
+  ExpectFailure(kDiskFull, description, ENOSPC, [] { Append("/dev/full", "x"); });
   ExpectFailure(kDiskFull, description, ENOSPC, [] {
     FileWriter writer("/dev/full");
     writer.WriteLine("x");

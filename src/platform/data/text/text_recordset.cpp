@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/data/text/text_records.h"
 #include "platform/data/table_names.h"
+#include "platform/data/text/text_records.h"
 #include "platform/runtime/date.h"
 #include "platform/runtime/number.h"
 #include "platform/runtime/text.h"

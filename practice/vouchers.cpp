@@ -1,0 +1,159 @@
+#include "practice/vouchers.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "platform/runtime/date.h"
+#include "practice/amounts.h"
+#include "practice/names.h"
+#include "practice/nodes.h"
+
+namespace vorlane::practice {
+namespace {
+
+using platform::NodeType;
+using platform::XmlNode;
+
+// What a voucher refers to, wherever in it the list stands.
+struct VoucherReference {
+  std::string_view list;
+  std::string_view tag;
+  Kind kind;
+  Need need;
+};
+
+constexpr VoucherReference kReferences[] = {
+    {"LEDGERENTRIES.LIST", "LEDGERNAME", Kind::Ledger, Need::Required},
+    {"ALLLEDGERENTRIES.LIST", "LEDGERNAME", Kind::Ledger, Need::Required},
+    {"ACCOUNTINGALLOCATIONS.LIST", "LEDGERNAME", Kind::Ledger, Need::Required},
+    {"CATEGORYALLOCATIONS.LIST", "CATEGORY", Kind::CostCategory, Need::Optional},
+    {"COSTCENTREALLOCATIONS.LIST", "NAME", Kind::CostCentre, Need::Required},
+};
+
+// The lists whose AMOUNT is a side of the voucher; all other lists divide up an
+// amount that counts already.
+enum class Side {
+  Always,
+  WithoutAccounts,  // a stock line, unless accounts below it carry its value
+};
+constexpr std::pair<std::string_view, Side> kSides[] = {
+    {"LEDGERENTRIES.LIST", Side::Always},
+    {"ALLLEDGERENTRIES.LIST", Side::Always},
+    {"ACCOUNTINGALLOCATIONS.LIST", Side::Always},
+    {"ALLINVENTORYENTRIES.LIST", Side::WithoutAccounts},
+    {"INVENTORYENTRIES.LIST", Side::WithoutAccounts},
+};
+
+// Walks the lists of a voucher and gathers what is wrong with them.
+class VoucherCheck {
+ public:
+  explicit VoucherCheck(const CompanyBooks& company) : company_(company) {}
+
+  void CheckHead(const XmlNode& voucher) {
+    std::string type = ChildText(voucher, "VOUCHERTYPENAME").value_or("");
+    if (type.empty()) type = voucher.Attribute("VCHTYPE").value_or("");
+    CheckReference(Kind::VoucherType, type, Need::Required);
+    CheckDate(ChildText(voucher, "DATE").value_or(""));
+  }
+
+  void CheckLists(const XmlNode& node) {
+    for (const XmlNode* child : node.Children()) {
+      if (child->Type() != NodeType::Element) continue;
+      const std::string list = child->NodeName();
+      if (!list.ends_with(".LIST")) continue;
+      for (const VoucherReference& row : kReferences)
+        if (list == row.list)
+          CheckReference(row.kind, ChildText(*child, row.tag).value_or(""), row.need);
+      for (const auto& [name, side] : kSides)
+        if (list == name) AddSide(*child, side);
+      CheckLists(*child);
+    }
+  }
+
+  std::vector<std::string> Finish() {
+    if (faults_.empty() && debit_ + credit_ != 0)
+      Add("Voucher Totals do not match! Dr. " + AmountText(-debit_) + " Cr. " +
+          AmountText(credit_) +
+          " Diff: " + AmountText(std::max(-debit_, credit_) - std::min(-debit_, credit_)));
+    return std::move(faults_);
+  }
+
+ private:
+  void Add(std::string line) {
+    if (std::find(faults_.begin(), faults_.end(), line) == faults_.end())
+      faults_.push_back(std::move(line));
+  }
+
+  void CheckReference(Kind kind, std::string text, Need need) {
+    const std::string name = WithoutReservedMark(std::move(text));
+    if (name.empty() ? need == Need::Optional : company_.Find(kind, name) != nullptr) return;
+    Add(std::string(RowOf(kind).noun) + " '" + name + "' does not exist!");
+  }
+
+  void CheckDate(const std::string& date);
+  void AddSide(const XmlNode& line, Side side);
+
+  const CompanyBooks& company_;
+  std::vector<std::string> faults_;
+  Amount debit_ = 0;  // negative, as debits are written
+  Amount credit_ = 0;
+};
+
+bool AreDigits(std::string_view text, std::size_t least, std::size_t most) {
+  return text.size() >= least && text.size() <= most &&
+         text.find_first_not_of("0123456789") == text.npos;
+}
+
+// Whether there is such a day; the month by its number or its three letters.
+bool IsDay(const std::string& year, const std::string& month, const std::string& day) {
+  std::string name = month;
+  if (AreDigits(month, 1, 2)) {
+    const int number = std::stoi(month);
+    if (number < 1 || number > 12) return false;
+    name = platform::kMonthNames[static_cast<std::size_t>(number - 1)].substr(0, 3);
+  }
+  return name.size() == 3 && platform::IsDate(day + " " + name + " " + year);
+}
+
+// The product reads 20240401, 01-04-2024 and 1-Apr-2024, and no time behind them.
+bool IsTallyDate(const std::string& date) {
+  if (AreDigits(date, 8, 8)) return IsDay(date.substr(0, 4), date.substr(4, 2), date.substr(6));
+  const std::size_t first = date.find('-');
+  const std::size_t last = date.rfind('-');
+  if (first == last) return false;
+  const std::string day = date.substr(0, first);
+  const std::string year = date.substr(last + 1);
+  return AreDigits(day, 1, 2) && AreDigits(year, 4, 4) &&
+         IsDay(year, date.substr(first + 1, last - first - 1), day);
+}
+
+void VoucherCheck::CheckDate(const std::string& date) {
+  if (date.empty()) {
+    Add("Voucher date is missing");
+  } else if (!IsTallyDate(date)) {
+    Add("The date " + date + " is Out of Range");
+  }
+}
+
+void VoucherCheck::AddSide(const XmlNode& line, Side side) {
+  if (side == Side::WithoutAccounts && FindChild(line, "ACCOUNTINGALLOCATIONS.LIST") != nullptr)
+    return;
+  const std::string text = ChildText(line, "AMOUNT").value_or("");
+  if (const auto amount = ParseAmount(text)) {
+    (*amount < 0 ? debit_ : credit_) += *amount;
+  } else {
+    Add("Amount '" + text + "' is not a number!");  // in our own words
+  }
+}
+
+}  // namespace
+
+std::vector<std::string> FindVoucherFaults(const XmlNode& voucher, const CompanyBooks& company) {
+  VoucherCheck check(company);
+  check.CheckHead(voucher);
+  check.CheckLists(voucher);
+  return check.Finish();
+}
+
+}  // namespace vorlane::practice

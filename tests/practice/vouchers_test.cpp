@@ -1,0 +1,279 @@
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/runtime/failure.h"
+#include "practice/amounts.h"
+#include "practice/gateway.h"
+#include "tests/practice/practice_fixture.h"
+
+namespace vorlane::practice {
+namespace {
+
+std::string Entry(const std::string& ledger, const std::string& amount,
+                  const std::string& children = "", const std::string& list = "LEDGERENTRIES") {
+  return "<" + list + ".LIST><LEDGERNAME>" + ledger + "</LEDGERNAME><AMOUNT>" + amount +
+         "</AMOUNT>" + children + "</" + list + ".LIST>";
+}
+
+std::string Voucher(const std::string& lists, const std::string& date = "01-04-2024",
+                    const std::string& type = "Sales", const std::string& attributes = "") {
+  return "<VOUCHER VCHTYPE=\"" + type + "\" ACTION=\"Create\" " + attributes + ">" +
+         (date.empty() ? "" : "<DATE>" + date + "</DATE>") + "<VOUCHERTYPENAME>" + type +
+         "</VOUCHERTYPENAME>" + lists + "</VOUCHER>";
+}
+
+const std::string kSides = Entry("Asha", "-1000.00") + Entry("Sales", "1000");
+
+std::string Tagged(const std::string& remoteId, const std::string& sides = kSides) {
+  return Voucher(sides, "01-04-2024", "Sales", "REMOTEID=\"" + remoteId + "\"");
+}
+
+class VoucherImportTest : public ::testing::Test {
+ protected:
+  VoucherImportTest() {
+    Import(Creating("LEDGER", "Asha", "<PARENT>Sundry Debtors</PARENT>") +
+           Creating("LEDGER", "Sales", "<PARENT>Sales Accounts</PARENT>") +
+           Creating("COSTCENTRE", "Pune"));
+  }
+  std::string Answer(const std::string& messages, const std::string& company = "") {
+    return gateway_.Handle(Post(OldImport(messages, company))).body;
+  }
+  std::string Import(const std::string& messages, const std::string& company = "") {
+    return Counts(Answer(messages, company));
+  }
+  std::string LastVoucherId(const std::string& messages) {
+    const std::string answer = Answer(messages);
+    const std::size_t at = answer.find("<LASTVCHID>") + 11;
+    return answer.substr(at, answer.find('<', at) - at);
+  }
+
+  PracticeGateway gateway_{{"Rao & Sons", "Shree Ganesh Traders"}};
+};
+
+TEST_F(VoucherImportTest, KnowsAVoucherByItsRemoteId) {
+  EXPECT_EQ(Import(Tagged("A")), "1000");
+  EXPECT_EQ(Import(Tagged("A")), "0100");
+  EXPECT_EQ(Import(Tagged("B") + Tagged("A") + Tagged(" B ")), "1200");
+  EXPECT_EQ(Import(Voucher(kSides)), "1000");
+  EXPECT_EQ(Import(Voucher(kSides)), "1000") << "nothing tells that it is the same";
+  EXPECT_EQ(Import("<VOUCHER REMOTEID=\"A\" ACTION=\"Delete\"/>"), "0010");
+  EXPECT_EQ(Import("<VOUCHER REMOTEID=\"A\" ACTION=\"Delete\"/>"),
+            "0001 Voucher &apos;A&apos; does not exist!");
+  EXPECT_EQ(Import(Tagged("A")), "1000");
+}
+
+TEST_F(VoucherImportTest, TellsTheIdOfTheLastVoucher) {
+  const std::string first = LastVoucherId(Tagged("A"));
+  const std::string third = LastVoucherId(Tagged("B") + Tagged("C") + Creating("GODOWN", "Yard"));
+  EXPECT_EQ(std::stoi(third), std::stoi(first) + 2);
+  EXPECT_EQ(LastVoucherId(Tagged("D") + Tagged("A")), first);
+  EXPECT_EQ(LastVoucherId(Creating("GODOWN", "Yard")), "0");
+  EXPECT_EQ(LastVoucherId(Tagged("E", "") + Voucher("", "")), std::to_string(std::stoi(third) + 2));
+}
+
+TEST_F(VoucherImportTest, ARefusedVoucherChangesNothing) {
+  EXPECT_EQ(Import(Tagged("A", Entry("Nobody", "-1") + Entry("Sales", "1")) + Tagged("B")),
+            "1001 Ledger &apos;Nobody&apos; does not exist!");
+  EXPECT_EQ(Import(Tagged("A")), "1000");
+}
+
+TEST_F(VoucherImportTest, BooksOfAnotherCompanyHaveTheirOwn) {
+  Import(Tagged("A"));
+  EXPECT_EQ(
+      Import(Tagged("A"), "Shree Ganesh Traders"),
+      "0001 Ledger &apos;Asha&apos; does not exist! Ledger &apos;Sales&apos; does not exist!");
+  const std::string cash = Entry("Cash", "5") + Entry("cash ", "-5");
+  EXPECT_EQ(Import(Tagged("A", cash), "Shree Ganesh Traders"), "1000");
+}
+
+TEST_F(VoucherImportTest, VoucherTypesCanBeAdded) {
+  const std::string retail = Voucher(kSides, "01-04-2024", "Retail");
+  EXPECT_EQ(Import(retail), "0001 Voucher Type &apos;Retail&apos; does not exist!");
+  EXPECT_EQ(Import(Creating("VOUCHERTYPE", "Retail", "<PARENT>Sale</PARENT>")),
+            "0001 Voucher Type &apos;Sale&apos; does not exist!");
+  EXPECT_EQ(Import(Creating("VOUCHERTYPE", "Retail", "<PARENT>Sales</PARENT>") + retail), "2000");
+}
+
+TEST_F(VoucherImportTest, TenThousandTakeNoLongerEach) {
+  std::string all;
+  for (int i = 0; i < 10000; ++i) all += Tagged("V" + std::to_string(i));
+  EXPECT_NE(Answer(all).find("<CREATED>10000</CREATED>"), std::string::npos);
+  EXPECT_NE(Answer(all).find("<ALTERED>10000</ALTERED>"), std::string::npos);
+}
+
+struct VoucherCase {
+  const char* name;
+  std::string voucher;
+  std::string counts;
+};
+
+class VoucherFault : public VoucherImportTest, public ::testing::WithParamInterface<VoucherCase> {};
+
+TEST_P(VoucherFault, AnswersWith) { EXPECT_EQ(Import(GetParam().voucher), GetParam().counts); }
+
+std::string Cost(const std::string& category, const std::string& centre) {
+  return "<CATEGORYALLOCATIONS.LIST><CATEGORY>" + category +
+         "</CATEGORY><COSTCENTREALLOCATIONS.LIST><NAME>" + centre +
+         "</NAME><AMOUNT>7</AMOUNT></COSTCENTREALLOCATIONS.LIST></CATEGORYALLOCATIONS.LIST>";
+}
+
+std::string StockLine(const std::string& amount, const std::string& children = "") {
+  return "<ALLINVENTORYENTRIES.LIST><STOCKITEMNAME>Bar</STOCKITEMNAME><AMOUNT>" + amount +
+         "</AMOUNT>" + children + "</ALLINVENTORYENTRIES.LIST>";
+}
+
+std::string Line(const std::string& text) { return "0001 " + text; }
+
+INSTANTIATE_TEST_SUITE_P(
+    Masters, VoucherFault,
+    ::testing::Values(
+        VoucherCase{"NamesInAnyCase", Voucher(Entry(" ASHA", "-1") + Entry("sales", "1")), "1000"},
+        VoucherCase{"ALedgerTwice", Voucher(Entry("X", "-1") + Entry("X", "1")),
+                    Line("Ledger &apos;X&apos; does not exist!")},
+        VoucherCase{"AllLedgerEntries",
+                    Voucher(Entry("X", "-1", "", "ALLLEDGERENTRIES") + Entry("Sales", "1")),
+                    Line("Ledger &apos;X&apos; does not exist!")},
+        VoucherCase{"AccountOfAStockLine",
+                    Voucher(Entry("Asha", "-5") +
+                            StockLine("5", Entry("X", "5", "", "ACCOUNTINGALLOCATIONS"))),
+                    Line("Ledger &apos;X&apos; does not exist!")},
+        VoucherCase{"NoLedger", Voucher("<LEDGERENTRIES.LIST/>"),
+                    Line("Ledger &apos;&apos; does not exist!")},
+        VoucherCase{"CostCentre",
+                    Voucher(Entry("Asha", "-7", Cost("Primary Cost Category", "pune")) +
+                            Entry("Sales", "7")),
+                    "1000"},
+        VoucherCase{
+            "UnknownCostCentre",
+            Voucher(Entry("Asha", "-7", Cost("Branches", "Nashik")) + Entry("Sales", "7")),
+            Line(
+                "Cost Category &apos;Branches&apos; does not exist! Cost Centre &apos;Nashik&apos; "
+                "does not exist!")},
+        VoucherCase{"BelowAnAllocation",
+                    Voucher(Entry("Asha", "-7",
+                                  "<INVENTORYALLOCATIONS.LIST>" + Cost("", "Nashik") +
+                                      "</INVENTORYALLOCATIONS.LIST>",
+                                  "ALLLEDGERENTRIES") +
+                            Entry("Sales", "7")),
+                    Line("Cost Centre &apos;Nashik&apos; does not exist!")},
+        VoucherCase{"TypeOfTheAttribute",
+                    "<VOUCHER VCHTYPE=\"rejections in\"><DATE>20240401</DATE></VOUCHER>", "1000"},
+        VoucherCase{"NothingAtAll", "<VOUCHER/>",
+                    Line("Voucher Type &apos;&apos; does not exist! Voucher date is missing")}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+const std::string kEven = "1000";
+
+INSTANTIATE_TEST_SUITE_P(
+    Sides, VoucherFault,
+    ::testing::Values(
+        VoucherCase{"Unequal", Voucher(Entry("Asha", "-1000") + Entry("Sales", "900")),
+                    Line("Voucher Totals do not match! Dr. 1000.00 Cr. 900.00 Diff: 100.00")},
+        VoucherCase{"OneSideAlone", Voucher(Entry("Sales", "0.5")),
+                    Line("Voucher Totals do not match! Dr. 0.00 Cr. 0.50 Diff: 0.50")},
+        VoucherCase{"NotToldBesideAMissingLedger", Voucher(Entry("X", "-1")),
+                    Line("Ledger &apos;X&apos; does not exist!")},
+        // Sums that doubles do not make even.
+        VoucherCase{"Exact",
+                    Voucher(Entry("Asha", "-0.1") + Entry("Asha", "-0.2") + Entry("Sales", "0.3")),
+                    kEven},
+        VoucherCase{"ExactAboveAllDoubles",
+                    Voucher(Entry("Asha", "-12345678901234567.89") +
+                            Entry("Sales", "12345678901234567.88")),
+                    Line("Voucher Totals do not match! Dr. 12345678901234567.89 "
+                         "Cr. 12345678901234567.88 Diff: 0.01")},
+        VoucherCase{"SmallestDifference",
+                    Voucher(Entry("Asha", "-1041.66666666667") + Entry("Sales", "1041.666")),
+                    Line("Voucher Totals do not match! Dr. 1041.66666666667 Cr. 1041.666 "
+                         "Diff: 0.00066666667")},
+        VoucherCase{"Commas", Voucher(Entry("Asha", "-1,00,000.00") + Entry("Sales", "100000")),
+                    kEven},
+        VoucherCase{"Foreign",
+                    Voucher(Entry("Asha", "- $10 @ Rs. 80.5/$ = -Rs. 805") + Entry("Sales", "805")),
+                    kEven},
+        VoucherCase{"NoNumber", Voucher(Entry("Asha", "12 Nos") + Entry("Sales", "1E+15")),
+                    Line("Amount &apos;12 Nos&apos; is not a number! "
+                         "Amount &apos;1E+15&apos; is not a number!")},
+        VoucherCase{
+            "BillsAndBanksDivideUp",
+            Voucher(Entry("Asha", "-10",
+                          "<BILLALLOCATIONS.LIST><AMOUNT>-4</AMOUNT></BILLALLOCATIONS.LIST>"
+                          "<BANKALLOCATIONS.LIST><AMOUNT>3</AMOUNT></BANKALLOCATIONS.LIST>") +
+                    Entry("Sales", "10")),
+            kEven},
+        VoucherCase{"AStockLineCountsByItsAccounts",
+                    Voucher(Entry("Asha", "-10") +
+                            StockLine("9", Entry("Sales", "10", "", "ACCOUNTINGALLOCATIONS"))),
+                    kEven},
+        VoucherCase{"AStockLineWithoutAccounts", Voucher(Entry("Asha", "-10") + StockLine("9")),
+                    Line("Voucher Totals do not match! Dr. 10.00 Cr. 9.00 Diff: 1.00")},
+        VoucherCase{
+            "AStockJournalIsNoSide",
+            Voucher("<INVENTORYENTRIESIN.LIST><AMOUNT>-9</AMOUNT></INVENTORYENTRIESIN.LIST>",
+                    "01-04-2024", "Stock Journal"),
+            kEven}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+TEST_F(VoucherImportTest, ReadsTheDatesThatTheProductReads) {
+  for (const char* date : {"20240229", "29-02-2024", "1-4-2024", "01-Apr-2024", "1-apr-2024"})
+    EXPECT_EQ(Import(Voucher(kSides, date)), "1000") << date;
+  for (const char* date :
+       {"30-02-2024", "20240230", "31-12-2024 23:59:00", "2024-04-01", "01/04/2024", "01-13-2024",
+        "1-Apx-2024", "1-April-2024", "01-04-24", "2024", "today", "1-4", "--"})
+    EXPECT_EQ(Import(Voucher(kSides, date)),
+              "0001 The date " + std::string(date) + " is Out of Range");
+  EXPECT_EQ(Import(Voucher(kSides, " ")), "0001 Voucher date is missing");
+}
+
+TEST(PracticeAmounts, ReadAndWrittenAsTheyAre) {
+  const std::vector<std::pair<std::string, std::string>> cases = {
+      {"", "0.00"},
+      {"-0.5", "-0.50"},
+      {".5", "0.50"},
+      {"-.25", "-0.25"},
+      {"5.", "5.00"},
+      {"+7", "7.00"},
+      {"Rs.5", "5.00"},
+      {"-₹ 6000", "-6000.00"},
+      {"0.000000000001", "0.000000000001"},
+      {"- 1000", "-1000.00"},
+      {"$10 @ Rs. 2/$", "none"},
+      {"5=", "0.00"},
+      {"0.0000000000001", "none"},
+      {"1.2.3", "none"},
+      {"-", "none"},
+      {".", "none"},
+      {"abc", "none"},
+      {"123456789012345678901", "none"}};
+  for (const auto& [text, expected] : cases) {
+    const auto amount = ParseAmount(text);
+    EXPECT_EQ(amount ? AmountText(*amount) : "none", expected) << text;
+  }
+}
+
+TEST_F(VoucherImportTest, ASeedFillsTheBooks) {
+  const TemporaryFolder folder;
+  std::filesystem::create_directory(folder / "record");
+  gateway_.RecordTo(folder / "record");
+  Import(Creating("LEDGER", "Asha", "<PARENT>Sundry Debtors</PARENT>") +
+         Creating("LEDGER", "Sales", "<PARENT>Sales Accounts</PARENT>"));
+  Import(Tagged("A", Entry("Nobody", "1")));
+  gateway_.Handle(Post(""));
+  std::ofstream(folder / "cost.xml") << NewImport(Creating("COSTCENTRE", "Nashik"));
+
+  PracticeGateway seeded({"Rao & Sons"});
+  EXPECT_EQ(seeded.Seed(folder / "record"),
+            (std::vector<std::string>{"0002-request.xml: Ledger 'Nobody' does not exist!"}));
+  EXPECT_TRUE(seeded.Seed(folder / "cost.xml").empty());
+  EXPECT_TRUE(seeded.Exchanges().empty());
+  const std::string voucher =
+      Voucher(Entry("Asha", "-7", Cost("", "Nashik")) + Entry("Sales", "7"));
+  EXPECT_EQ(Counts(seeded.Handle(Post(OldImport(voucher))).body), "1000");
+  for (const char* name : {"record/0001-answer.xml", "absent.xml"})
+    EXPECT_THROW(seeded.Seed(folder / name), platform::Failure) << name;
+}
+
+}  // namespace
+}  // namespace vorlane::practice
