@@ -230,12 +230,14 @@ std::string OdbcConnection::OrderedQuery(const std::string& plain, const Query& 
 
 OdbcResult OdbcConnection::RunEither(std::string& sql, const std::string& plain,
                                      const std::string& what) const {
-  if (sql != plain) {
-    OdbcResult result = NewResult(what);
-    if (Run(result, sql)) return result;
-    sql = plain;
-  }
-  return MustRun(sql, what);
+  OdbcResult result = NewResult(what);
+  if (Run(result, sql)) return result;
+  // The reason of the first one: the second may only find the connection gone.
+  const Failure failure = OdbcFailure(result.statement, what + ":");
+  OdbcResult second = NewResult(what);
+  if (sql == plain || !Run(second, plain)) throw failure;
+  sql = plain;
+  return second;
 }
 
 Recordset OdbcConnection::Read(const Query& query) const {
