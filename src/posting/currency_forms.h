@@ -8,8 +8,8 @@
 namespace vorlane::posting {
 
 /// What an amount in a second currency is written for. The uses differ in the
-/// blank behind the first "-" of a debit and in front of the rate, and each is as Tally has always
-/// been given it.
+/// blank behind the first "-" of a debit and in the one before the rate; each is
+/// as Tally has always been given it.
 enum class CurrencyUse { StockOrLedger, Allocation, Bill, Register };
 
 /// An amount in the voucher's currency with its rate and its worth in the base

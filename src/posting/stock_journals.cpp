@@ -14,8 +14,9 @@ constexpr VoucherColumn kColumns[] = {
     columns::kVchDate,
     {"REFNO", &VoucherRow::RefNo, Need::Required, Reading::KeptText},
     columns::Needed(columns::kItemName),
-    columns::Needed(columns::kQuantity),
-    columns::Needed(columns::kRate),
+    // Not formatted here, unlike in the other families.
+    {"QUANTITY", &VoucherRow::Quantity, Need::Required},
+    {"RATE", &VoucherRow::Rate, Need::Required},
     columns::Needed(columns::kUnit),
     columns::kNarration,
     {"DIRECTION", &VoucherRow::Direction},

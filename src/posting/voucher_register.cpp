@@ -98,7 +98,8 @@ class VoucherRegister : public VoucherFamily {
                  importForm.HasOptionalColumn("EXCHANGERATE");
   }
 
-  bool TakesRow(VoucherRun& run) override { return !run.row.Id.empty() && !run.row.Ledger.empty(); }
+  bool ReadsRow(form::GridReader& reader) override { return !reader.Required("ID").empty(); }
+  bool TakesRow(VoucherRun& run) override { return !run.row.Ledger.empty(); }
 
   // Four parts here, and it groups nothing.
   std::string KeyOf(const VoucherRow& row) override {
@@ -134,7 +135,8 @@ class VoucherRegister : public VoucherFamily {
     std::string amount =
         isAuto ? row.TotalAmount
                : run.FormatAmount(platform::Val(grid_.Text(run.GridRow(), column.gridColumn)));
-    const double value = platform::Val(amount);
+    // As a whole, not by Val: a pattern with thousands commas may have made it.
+    const double value = NumberOf(amount);
     if (value == 0) return;
     std::string side = places[kLedgerSign];
     if (value < 0) {

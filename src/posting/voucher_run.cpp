@@ -27,20 +27,26 @@ void VoucherRun::Run() {
     if (rowCount > 0) BindColumns();
     form::CompanyRule companyRule(form_);
     for (std::size_t gridRow = 1; gridRow <= rowCount; ++gridRow) {
-      ReadRow(gridRow);
-      // Before the break: the voucher in hand goes out under the company of the
-      // row that ends it.
-      companyRule.Apply(reader_);
-      if (family_.Groups() == Grouping::ByKey) {
-        GroupRow(gridRow);
-      } else {
-        SendRow(gridRow);
-      }
+      TakeRow(gridRow, companyRule);
       form_.services.face.Progress(gridRow, rowCount);
       form_.services.face.LetEventsRun();
     }
     form_.stat("msg", "Finished Posing of Data.");
   });
+}
+
+void VoucherRun::TakeRow(std::size_t gridRow, form::CompanyRule& companyRule) {
+  reader_.MoveTo(gridRow);
+  if (!family_.ReadsRow(reader_)) return;
+  ReadRow(gridRow);
+  // Before the break: the voucher in hand goes out under the company of the row
+  // that ends it.
+  companyRule.Apply(reader_);
+  if (family_.Groups() == Grouping::ByKey) {
+    GroupRow(gridRow);
+  } else {
+    SendRow(gridRow);
+  }
 }
 
 void VoucherRun::GroupRow(std::size_t gridRow) {
@@ -105,7 +111,6 @@ void VoucherRun::ReadCell(std::string_view text, Reading reading, std::string& f
 }
 
 void VoucherRun::ReadRow(std::size_t gridRow) {
-  reader_.MoveTo(gridRow);
   const ImportGrid& grid = form_.GR1;
   for (const BoundColumn& bound : boundColumns_) {
     const VoucherColumn& column = *bound.column;

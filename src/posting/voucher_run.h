@@ -45,6 +45,8 @@ class VoucherFamily {
   virtual bool BeforeRun(VoucherRun&) { return true; }
   /// Once the staging tables are empty.
   virtual void AfterOpening(VoucherRun&) {}
+  /// Whether the row is read at all; one that is not changes nothing.
+  virtual bool ReadsRow(form::GridReader&) { return true; }
   /// Of a family that goes row by row: whether the row in hand is a voucher.
   virtual bool TakesRow(VoucherRun&) { return true; }
   /// Of a family that goes row by row: the key of the row in hand.
@@ -116,6 +118,7 @@ class VoucherRun {
 
   void Open();
   void BindColumns();
+  void TakeRow(std::size_t gridRow, form::CompanyRule& companyRule);
   void ReadRow(std::size_t gridRow);
   void ReadCell(std::string_view text, Reading reading, std::string& field) const;
   std::string VoucherKey();

@@ -169,7 +169,7 @@ TEST_F(ConsoleProgram, DoesWhatItsCommandsSay) {
       {"marks 1 1", "1\t0\t16711680\tbold\tCREATED \n"},
       {"save-report @HOME/r.txt", ""},
       {"refresh", ""},
-      {"grid x", ErrorBox(13, "A row is a number from 1, not 'x'.", "F01-0056")},
+      {"grid x", "A row is a number from 1: grid x\n"},
       {"type ledgers", "The source offers no import type 'ledgers'; types lists what it offers.\n"},
       {"source excel",
        "usage: source excel PATH | access PATH [PASSWORD] | odbc DSN [USER "
