@@ -163,13 +163,15 @@ void OdbcConnection::ListTables() {
 }
 
 std::string OdbcConnection::QuoteMark() const {
-  std::array<SQLWCHAR, 16> mark{};
-  const SQLRETURN got = ::SQLGetInfoW(connection_.Get(), SQL_IDENTIFIER_QUOTE_CHAR, mark.data(),
-                                      static_cast<SQLSMALLINT>(sizeof mark), nullptr);
-  // It is one character; what stands behind it in some drivers is chance. A blank
-  // says that names cannot be quoted.
+  // The one narrow call: there is a driver that does not end this text, and the
+  // driver manager reads on when it makes it wide. The mark is ASCII.
+  std::array<char, 16> mark{};
+  SQLSMALLINT length = 0;
+  const SQLRETURN got = ::SQLGetInfo(connection_.Get(), SQL_IDENTIFIER_QUOTE_CHAR, mark.data(),
+                                     static_cast<SQLSMALLINT>(mark.size()), &length);
+  // A blank says that names cannot be quoted.
   if (!SQL_SUCCEEDED(got) || mark[0] <= ' ' || mark[0] >= 0x7F) return "";
-  return {static_cast<char>(mark[0])};
+  return {mark[0]};
 }
 
 std::string OdbcConnection::QuotedName(const std::string& name) const {
