@@ -163,13 +163,15 @@ void OdbcConnection::ListTables() {
 }
 
 std::string OdbcConnection::QuoteMark() const {
-  std::array<SQLWCHAR, 16> mark{};
-  const SQLRETURN got = ::SQLGetInfoW(connection_.Get(), SQL_IDENTIFIER_QUOTE_CHAR, mark.data(),
-                                      static_cast<SQLSMALLINT>(sizeof mark), nullptr);
-  // It is one character; what stands behind it in some drivers is chance. A blank
-  // says that names cannot be quoted.
+  // The one narrow call: there is a driver that does not end this text, and the
+  // driver manager reads on when it makes it wide. The mark is ASCII.
+  std::array<char, 16> mark{};
+  SQLSMALLINT length = 0;
+  const SQLRETURN got = ::SQLGetInfo(connection_.Get(), SQL_IDENTIFIER_QUOTE_CHAR, mark.data(),
+                                     static_cast<SQLSMALLINT>(mark.size()), &length);
+  // A blank says that names cannot be quoted.
   if (!SQL_SUCCEEDED(got) || mark[0] <= ' ' || mark[0] >= 0x7F) return "";
-  return {static_cast<char>(mark[0])};
+  return {mark[0]};
 }
 
 std::string OdbcConnection::QuotedName(const std::string& name) const {
@@ -230,12 +232,14 @@ std::string OdbcConnection::OrderedQuery(const std::string& plain, const Query& 
 
 OdbcResult OdbcConnection::RunEither(std::string& sql, const std::string& plain,
                                      const std::string& what) const {
-  if (sql != plain) {
-    OdbcResult result = NewResult(what);
-    if (Run(result, sql)) return result;
-    sql = plain;
-  }
-  return MustRun(sql, what);
+  OdbcResult result = NewResult(what);
+  if (Run(result, sql)) return result;
+  // The reason of the first one: the second may only find the connection gone.
+  const Failure failure = OdbcFailure(result.statement, what + ":");
+  OdbcResult second = NewResult(what);
+  if (sql == plain || !Run(second, plain)) throw failure;
+  sql = plain;
+  return second;
 }
 
 Recordset OdbcConnection::Read(const Query& query) const {

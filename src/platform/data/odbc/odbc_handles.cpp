@@ -30,11 +30,17 @@ std::int32_t NumberOfState(std::string_view state) {
 
 std::string Utf8Of(std::span<const SQLWCHAR> units) {
   const auto end = std::find(units.begin(), units.end(), SQLWCHAR{0});
-  std::string text;
-  AppendUtf8({reinterpret_cast<const char16_t*>(units.data()),
-              static_cast<std::size_t>(end - units.begin())},
-             text);
-  return text;
+  const std::u16string_view text(reinterpret_cast<const char16_t*>(units.data()),
+                                 static_cast<std::size_t>(end - units.begin()));
+  // The names of a driver without wide calls are UTF-8 too, and the driver manager
+  // makes a unit of each of their bytes.
+  if (std::all_of(text.begin(), text.end(), [](char16_t unit) { return unit < 0x100; })) {
+    std::string bytes(text.begin(), text.end());
+    if (Utf16Of(bytes).find(u'\uFFFD') == std::u16string::npos) return bytes;
+  }
+  std::string utf8;
+  AppendUtf8(text, utf8);
+  return utf8;
 }
 
 OdbcHandle::OdbcHandle(SQLSMALLINT kind, SQLHANDLE parent) : kind_(kind) {

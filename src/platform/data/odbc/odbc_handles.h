@@ -14,7 +14,7 @@
 
 namespace vorlane::platform {
 
-// All calls with texts are the wide ones: the driver manager turns the narrow
+// All calls with texts are the wide ones but where told: the driver manager turns the narrow
 // ones' texts by the environment's locale, which loses what it does not know.
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
