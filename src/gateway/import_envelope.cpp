@@ -1,6 +1,7 @@
 #include "gateway/import_envelope.h"
 
 #include <string>
+#include <utility>
 
 #include "errors/trap.h"
 #include "gateway/document_builder.h"
@@ -63,8 +64,14 @@ std::optional<XmlDocument> NewEnvelope(std::string_view where, std::string_view 
       text += "<SVCURRENTCOMPANY>" + EscapeXml(companyName, reporter) + "</SVCURRENTCOMPANY>\r\n";
     }
     text += after;
-    envelope.emplace();
-    envelope->LoadXml(text);
+    // The rows of a run share their envelope, so the last one is kept parsed.
+    thread_local std::string keptText;
+    thread_local XmlDocument kept;
+    if (text != keptText) {
+      kept.LoadXml(text);
+      keptText = std::move(text);
+    }
+    envelope = kept.Copy();
   });
   if (!ended) envelope.reset();
   return envelope;

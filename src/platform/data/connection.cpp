@@ -1,19 +1,12 @@
 #include "platform/data/connection.h"
 
+#include "platform/data/access/access_connection.h"
+#include "platform/data/odbc/odbc_connection.h"
 #include "platform/data/text/text_connection.h"
 #include "platform/data/workbook/workbook_connection.h"
 #include "platform/runtime/failure.h"
 
 namespace vorlane::platform {
-
-namespace {
-
-[[noreturn]] void ThrowNotBuilt(const ConnectionSpec& spec, const std::string& kind) {
-  throw Failure(failure_number::kFeatureNotBuilt, "Connection",
-                spec.path + ": reading " + kind + " is not built yet.");
-}
-
-}  // namespace
 
 std::unique_ptr<Connection> OpenConnection(const ConnectionSpec& spec) {
   switch (spec.provider) {
@@ -24,11 +17,12 @@ std::unique_ptr<Connection> OpenConnection(const ConnectionSpec& spec) {
     case Provider::Text:
       return OpenText(spec);
     case Provider::Access:
-      ThrowNotBuilt(spec, "an Access database");
+      return OpenAccess(spec);
     case Provider::Odbc:
-      ThrowNotBuilt(spec, "an ODBC data source");
+      return OpenOdbc(spec);
   }
-  ThrowNotBuilt(spec, "this kind of source");
+  throw Failure(failure_number::kFeatureNotBuilt, "Connection",
+                spec.path + ": there is no driver for this kind of source.");
 }
 
 }  // namespace vorlane::platform

@@ -31,6 +31,8 @@ inline constexpr std::int32_t kProviderError = static_cast<std::int32_t>(0x80004
 inline constexpr std::int32_t kTableNotFound = static_cast<std::int32_t>(0x80040E37);
 /// A query that names a field which the table does not have.
 inline constexpr std::int32_t kNoValueForParameter = static_cast<std::int32_t>(0x80040E10);
+/// A source that refuses the user or the password.
+inline constexpr std::int32_t kAuthenticationFailed = static_cast<std::int32_t>(0x80040E4D);
 inline constexpr std::int32_t kHttpTimeout = static_cast<std::int32_t>(0x80072EE2);
 inline constexpr std::int32_t kHttpInvalidUrl = static_cast<std::int32_t>(0x80072EE5);
 inline constexpr std::int32_t kHttpNameNotResolved = static_cast<std::int32_t>(0x80072EE7);

@@ -102,6 +102,18 @@ void XmlTree::AppendAttribute(XmlNode* element, XmlNode* last, XmlNode* attribut
   (last ? last->nextSibling_ : element->firstAttribute_) = attribute;
 }
 
+XmlNode* XmlTree::AppendCopy(XmlNode* parent, const XmlNode& original) {
+  XmlNode* node = NewNode(original.type_, Copy(original.name_), Copy(original.value_));
+  XmlNode* last = nullptr;
+  for (const XmlNode* attribute : original.Attributes()) {
+    XmlNode* copy = NewNode(NodeType::Attribute, Copy(attribute->name_), Copy(attribute->value_));
+    AppendAttribute(node, last, copy);
+    last = copy;
+  }
+  Append(parent, node);
+  return node;
+}
+
 std::string XmlNode::BaseName() const {
   if (type_ != NodeType::Element && type_ != NodeType::Attribute) return {};
   const std::size_t colon = name_.find(':');
@@ -234,6 +246,26 @@ XmlDocument& XmlDocument::operator=(XmlDocument&& other) noexcept {
   tree_ = std::move(other.tree_);
   tree_->document = this;
   return *this;
+}
+
+XmlDocument XmlDocument::Copy() const {
+  XmlDocument copy;
+  const XmlNode* from = tree_->root;
+  XmlNode* to = copy.tree_->root;
+  while (true) {
+    if (from->firstChild_ != nullptr) {
+      from = from->firstChild_;
+      to = copy.tree_->AppendCopy(to, *from);
+      continue;
+    }
+    while (from != tree_->root && from->nextSibling_ == nullptr) {
+      from = from->parent_;
+      to = to->parent_;
+    }
+    if (from == tree_->root) return copy;
+    from = from->nextSibling_;
+    to = copy.tree_->AppendCopy(to->parent_, *from);
+  }
 }
 
 bool XmlDocument::LoadXml(std::string_view text) {

@@ -24,6 +24,7 @@ class XmlSerializer {
   // Walks without recursion: a node is opened on the way down and closed on the
   // way up.
   std::string Write(const XmlNode& top) {
+    out_.reserve(2048);  // what a document of one master takes
     const XmlNode* node = &top;
     while (true) {
       Open(*node);

@@ -34,6 +34,8 @@ struct XmlTree {
   std::string_view StoreText(std::string_view text);
   /// Hangs a node in as the last child, unchecked.
   static void Append(XmlNode* parent, XmlNode* child);
+  /// Appends a copy of a node and of its attributes, but not of what hangs below.
+  XmlNode* AppendCopy(XmlNode* parent, const XmlNode& original);
   /// Adds an attribute behind the last one that an element has, unchecked; `last`
   /// is null for the first.
   static void AppendAttribute(XmlNode* element, XmlNode* last, XmlNode* attribute);

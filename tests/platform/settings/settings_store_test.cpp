@@ -1,5 +1,6 @@
 #include "platform/settings/settings_store.h"
 
+#include <array>
 #include <thread>
 #include <vector>
 
@@ -62,6 +63,12 @@ INSTANTIATE_TEST_SUITE_P(
                     ReadRow{"CommentedOut", "[Config]\n;PortNo=1\n#PortNo=2\nPortNo\n", ""},
                     ReadRow{"BinaryRubbish", std::string("\0\xFF[=\n]\r[Config", 12), ""}),
     [](const auto& row) { return row.param.name; });
+
+TEST_F(SettingsStoreTest, ReadsSeveralKeysInTheirOrder) {
+  Holds("[Config]\nPortNo=9000\nServerAddress=tally\n");
+  const std::array<std::string, 3> expected{"tally", "", "9000"};
+  EXPECT_EQ(store_.ReadAll("Config", {"ServerAddress", "Missing", "PortNo"}), expected);
+}
 
 struct WriteRow {
   std::string name;

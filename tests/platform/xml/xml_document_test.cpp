@@ -268,6 +268,36 @@ TEST(XmlDocument, RefusesWhatWouldBeNoDocument) {
   EXPECT_EQ(document.Xml(), "<A><B a=\"\"><C/></B>x</A>");
 }
 
+TEST(XmlDocument, LoadsAfterTextsThatWereRefused) {
+  for (const char* refused : {"<A><B></A>", "<!DOCTYPE A><A/>", "<A b='\xFF'/>", "<p:A/>", "A"}) {
+    XmlDocument document;
+    EXPECT_FALSE(document.LoadXml(refused)) << refused;
+    EXPECT_EQ(Reloaded("<A xmlns:p='u'><p:B c='&lt;'>x</p:B></A>"),
+              "<A xmlns:p=\"u\"><p:B c=\"&lt;\">x</p:B></A>");
+  }
+}
+
+TEST(XmlDocument, TakesManyNames) {
+  std::string text = "<A>";
+  for (int i = 0; i < 10000; ++i) text += "<B" + std::to_string(i) + "/>";
+  text += "</A>";
+  EXPECT_EQ(Reloaded(text), text);
+  EXPECT_EQ(Reloaded(text), text);
+}
+
+TEST(XmlDocument, CopyIsADocumentOfItsOwn) {
+  const std::string text =
+      "<!--c--><A xmlns:U=\"u\" b=\"&#4; x\"><B><C/>y</B><?p q?><D>z<E f=\"1\"/></D></A>";
+  XmlDocument original = Loaded(text);
+  XmlDocument copy = original.Copy();
+  original.DocumentElement()->SetText("gone");
+  EXPECT_EQ(copy.Xml(), text);
+  copy.DocumentElement()->AppendChild(copy.CreateElement("F"));
+  EXPECT_EQ(copy.DocumentElement()->OwnerDocument(), &copy);
+  EXPECT_EQ(original.Xml(), "<!--c--><A xmlns:U=\"u\" b=\"&#4; x\">gone</A>");
+  EXPECT_EQ(XmlDocument().Copy().Xml(), "");
+}
+
 TEST(XmlDocument, RefusesNamesThatAreNone) {
   XmlDocument document;
   for (const char* name : {"", " ", "A B", "1A", "A>", "<A", "A:B:C", ":A", "A:", "&#4;", "\xFF",
