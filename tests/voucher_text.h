@@ -24,13 +24,14 @@ inline std::string TagLines(std::string_view xml) {
   return lines;
 }
 
-/// The VOUCHER element of an import document, in TagLines.
-inline std::string VoucherOf(std::string_view document) {
-  static constexpr std::string_view kEnd = "</VOUCHER>";
-  const std::size_t from = document.find("<VOUCHER");
-  const std::size_t end = document.rfind(kEnd);
+/// The first element of that name in an import document, in TagLines.
+inline std::string ElementOf(std::string_view document, const std::string& name) {
+  const std::string last = "</" + name + ">";
+  const std::size_t from = document.find("<" + name);
+  const std::size_t end = document.rfind(last);
   if (from == document.npos || end == document.npos) return std::string(document);
-  return TagLines(document.substr(from, end + kEnd.size() - from));
+  return TagLines(document.substr(from, end + last.size() - from));
 }
+inline std::string VoucherOf(std::string_view document) { return ElementOf(document, "VOUCHER"); }
 
 }  // namespace vorlane::tests

@@ -3,22 +3,7 @@
 namespace vorlane::posting {
 namespace {
 
-class FamilyRows : public PostingTest {
- protected:
-  /// The cells of a staging table, rows parted by "; ".
-  std::string Staged(const std::string& columns, const std::string& table, std::size_t count) {
-    std::string all;
-    staging::Statement read =
-        store_.Query("Select " + columns + " from " + table + " order by rowid");
-    while (read.Step()) {
-      if (!all.empty()) all += "; ";
-      for (std::size_t i = 0; i < count; ++i) {
-        all.append(i == 0 ? "" : ",").append(read.TextOrEmpty(i));
-      }
-    }
-    return all;
-  }
-};
+using FamilyRows = PostingTest;
 
 // ---- plain
 

@@ -105,6 +105,20 @@ class PostingTest : public testing::Test, protected form::PostingFixture {
     return sent;
   }
 
+  /// The cells of a staging table, rows parted by "; ".
+  std::string Staged(const std::string& columns, const std::string& table, std::size_t count) {
+    std::string all;
+    staging::Statement read =
+        store_.Query("Select " + columns + " from " + table + " order by rowid");
+    while (read.Step()) {
+      if (!all.empty()) all += "; ";
+      for (std::size_t i = 0; i < count; ++i) {
+        all.append(i == 0 ? "" : ",").append(read.TextOrEmpty(i));
+      }
+    }
+    return all;
+  }
+
   static Texts Split(std::string_view text, char by) {
     Texts pieces{""};
     for (const char c : text) {
