@@ -34,6 +34,10 @@ std::string ReadToEnd(int pipe) {
   return text;
 }
 
+double SecondsOf(const timeval& time) {
+  return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) * 1e-6;
+}
+
 }  // namespace
 
 Measured RunChild(const std::vector<std::string>& command) {
@@ -51,6 +55,7 @@ Measured RunChild(const std::vector<std::string>& command) {
   const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
 
   Measured measured{WIFEXITED(status) && WEXITSTATUS(status) == 0, taken.count(),
+                    SecondsOf(usage.ru_utime) + SecondsOf(usage.ru_stime),
                     static_cast<double>(usage.ru_maxrss) / 1024};
   std::from_chars(told.data(), told.data() + told.size(), measured.seconds);
   return measured;

@@ -8,8 +8,9 @@ namespace vorlane::bench {
 /// What a contender took.
 struct Measured {
   bool succeeded = false;
-  double seconds = 0;    ///< as the contender told, else from its start to its end
-  double megabytes = 0;  ///< the most memory that it held, in units of 2^20 bytes
+  double seconds = 0;     ///< as the contender told, else from its start to its end
+  double cpuSeconds = 0;  ///< that a processor worked for it, from its start to its end
+  double megabytes = 0;   ///< the most memory that it held, in units of 2^20 bytes
 };
 
 /// Runs a command in a child process of its own. A number that it writes to its

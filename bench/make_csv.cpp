@@ -3,10 +3,14 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <random>
+#include <stdexcept>
 #include <string_view>
 #include <system_error>
+
+#include "bench/child_process.h"
 
 namespace vorlane::bench {
 
@@ -85,6 +89,33 @@ class RowMaker {
   std::uint64_t left_ = 0;
 };
 
+void AppendVoucherRow(std::uint64_t serial, std::string& line) {
+  const std::uint64_t voucher = (serial + 1) / 2;
+  const bool isFirst = serial % 2 == 1;
+  const std::string number = std::to_string(voucher);
+  // Every other voucher debits its first row.
+  const bool isDebit = isFirst == (voucher % 2 == 0);
+  const std::string amount =
+      std::to_string(100 + voucher * 7919 % 90000) + "." + TwoDigits(voucher % 100);
+  line += std::to_string(serial);
+  AppendField(line, "VCH-" + number);
+  AppendField(line, isFirst ? kTypes[voucher % kTypes.size()] : "");
+  AppendField(line, isFirst ? "V/" + number : "");
+  AppendField(
+      line, isFirst ? TwoDigits(1 + voucher % 28) + "-" + TwoDigits(1 + voucher / 28 % 12) + "-2024"
+                    : "");
+  AppendField(line, isFirst ? "PO-" + std::to_string(voucher % 5000) : "");
+  AppendField(line, kLedgers[(voucher + (isFirst ? 0 : 4)) % kLedgers.size()]);
+  AppendField(line, isDebit ? amount : "");
+  AppendField(line, isDebit ? "" : amount);
+  AppendField(line, isFirst ? kNarrations[voucher % kNarrations.size()] : "");
+  AppendField(line, isFirst ? "New Ref" : "");
+  AppendField(line, isFirst ? "BILL/2024-25/" + number : "");
+  AppendField(line, isFirst ? "30 Days" : "");
+  AppendField(line, isFirst ? amount : "");
+  line += "\r\n";
+}
+
 /// Writes a file of a header and rows, a megabyte at a time; gives its size.
 template <class AppendRow>
 std::uint64_t WriteCsv(const std::string& path, std::string text, std::uint64_t rows,
@@ -118,6 +149,23 @@ std::uint64_t WriteTransactionsCsv(const std::string& path, std::uint64_t rows) 
                   "AdjMethod,AdjName,AdjDate,AdjAmount,LineNarration\r\n",
                   rows,
                   [&](std::uint64_t serial, std::string& line) { maker.AppendRow(serial, line); });
+}
+
+std::uint64_t WriteVouchersCsv(const std::string& path, std::uint64_t rows) {
+  return WriteCsv(path,
+                  "SrNo,ID,VchType,VchNo,VchDate,RefNo,Ledger,Debit,Credit,Narration,"
+                  "AdjMethod,AdjName,AdjDate,AdjAmount\r\n",
+                  rows, AppendVoucherRow);
+}
+
+std::uint64_t WriteVouchersXls(const std::string& path, std::uint64_t rows) {
+  const std::string csv = path + ".csv";
+  WriteVouchersCsv(csv, rows);
+  const Measured made =
+      RunChild({"/usr/bin/python3", BENCH_FOLDER "/make_workbook.py", csv, path, "TRANSACTIONS"});
+  std::filesystem::remove(csv);
+  if (!made.succeeded) throw std::runtime_error("The workbook was not made; is xlwt installed?");
+  return std::filesystem::file_size(path);
 }
 
 std::uint64_t WriteLedgerGroupsCsv(const std::string& path, std::uint64_t rows) {

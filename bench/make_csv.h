@@ -12,6 +12,15 @@ namespace vorlane::bench {
 /// number. Returns the file's size; fails with std::system_error.
 std::uint64_t WriteTransactionsCsv(const std::string& path, std::uint64_t rows);
 
+/// Writes TRANSACTIONS rows likewise, but two to a voucher, with an ID in both, a
+/// bill on the first, and equal sides: 14 columns, about 120 bytes a row.
+std::uint64_t WriteVouchersCsv(const std::string& path, std::uint64_t rows);
+
+/// The same rows as the first sheet of an .xls workbook, numbers and dates in
+/// cells of their kind; a sheet takes 65,535 of them. Needs python3 with xlwt,
+/// fails with std::runtime_error without. Returns the file's size.
+std::uint64_t WriteVouchersXls(const std::string& path, std::uint64_t rows);
+
 /// Writes LEDGER GROUPS rows likewise: every third has an alias, each its parent.
 std::uint64_t WriteLedgerGroupsCsv(const std::string& path, std::uint64_t rows);
 

@@ -1,10 +1,12 @@
 // How long a silent run takes, from the path of its source to the last answer,
 // beside the floor below it: the same requests, recorded from the run itself and
-// sent again by a bare loop over sockets, a connection each, to the same server.
+// sent again by a bare loop over sockets, a connection each, to the same server;
+// and, for vouchers, beside a script that posts the same ones.
 //
 //   post_bench [TYPE [ROWS]]                one of the made-up sources below
 //   post_bench --source FILE TYPE [RATIO]   a source of your own; RATIO is how
 //                                           many times the floor it may take
+//   post_bench --run FILE TYPE PORT         one run alone; tells its seconds
 
 #include <algorithm>
 #include <array>
@@ -29,12 +31,19 @@
 #include "platform/http/http_request.h"
 #include "platform/xml/xml_document.h"
 #include "shell/post.h"
+#include "staging/store.h"
+#include "vouchers/voucher_document.h"
 
 namespace {
 
 using namespace vorlane;
 
 constexpr int kRounds = 7;
+
+enum class Kind {
+  Masters,
+  Vouchers,  ///< staged on their way; post_vouchers.py posts the same
+};
 
 /// A source that the benchmark makes by itself. A type joins with a row here.
 struct MadeSource {
@@ -43,16 +52,19 @@ struct MadeSource {
   std::uint64_t (*write)(const std::string& path, std::uint64_t rows);
   std::uint64_t rows;
   double atMost;  ///< how many times the floor
+  Kind kind = Kind::Masters;
 };
 
 constexpr MadeSource kMadeSources[] = {
     {"LEDGER GROUPS", "LEDGERGROUPS.csv", bench::WriteLedgerGroupsCsv, 5000, 1.8},
+    {"TRANSACTIONS", "TRANSACTIONS.xls", bench::WriteVouchersXls, 20000, 3.0, Kind::Vouchers},
 };
 
 struct Workload {
   std::string path;
   std::string type;
   double atMost;
+  Kind kind = Kind::Masters;
 };
 
 template <class Work>
@@ -65,6 +77,7 @@ double Seconds(Work&& work) {
 struct RunTimes {
   double load = 0;
   double post = 0;
+  double readBack = 0;  ///< of vouchers: from the store into a document, once more
   double Total() const { return load + post; }
 };
 
@@ -84,6 +97,22 @@ void CheckMarks(const form::ImportGrid& grid) {
   if (created == 0) throw std::runtime_error("No row was created");
 }
 
+/// Every voucher that the run has staged as a document once more.
+void BuildDocuments(form::ImportForm& importForm) {
+  vouchers::VoucherDocumentWriter documents(importForm.services.store, importForm.services.gateway);
+  const std::string company = importForm.cmbCurrentCompanyList.text;
+  std::vector<std::string> ids;
+  {
+    staging::Statement row = importForm.services.store.Query("Select VchID from Voucher");
+    while (row.Step()) ids.emplace_back(row.TextOrEmpty(0));
+  }
+  for (const std::string& id : ids) {
+    if (documents.BuildDocument(company, id, "Create").empty()) {
+      throw std::runtime_error("Voucher " + id + " has no document");
+    }
+  }
+}
+
 RunTimes RunOurs(const Workload& workload, std::uint16_t port) {
   bench::BenchForm bench(port);
   form::ImportForm& importForm = bench.Form();
@@ -94,7 +123,15 @@ RunTimes RunOurs(const Workload& workload, std::uint16_t port) {
   times.post = Seconds([&] { shell::Post(importForm); });
   bench.RequireNoBox();
   CheckMarks(importForm.GR1);
+  if (workload.kind == Kind::Vouchers) {
+    times.readBack = Seconds([&] { BuildDocuments(importForm); });
+  }
   return times;
+}
+
+std::vector<std::string> ScriptCommand(const Workload& workload, std::uint16_t port) {
+  return {"/usr/bin/python3", BENCH_FOLDER "/post_vouchers.py", workload.path,
+          std::to_string(port)};
 }
 
 std::vector<std::string> Record(const Workload& workload) {
@@ -136,7 +173,7 @@ void ReadAddresses(std::size_t times) {
 }
 
 /// What is measured in each round, in the order of the lines that are printed.
-enum Part { kFloor, kRun, kLoad, kExchange, kDocument, kAddress, kParts };
+enum Part { kFloor, kRun, kLoad, kExchange, kDocument, kAddress, kReadBack, kParts };
 
 using Round = std::array<double, kParts>;
 
@@ -151,6 +188,7 @@ Round MeasureRound(const Workload& workload, const std::vector<std::string>& req
   if (!floorFirst) measureFloor();
   round[kRun] = run.Total();
   round[kLoad] = run.load;
+  round[kReadBack] = run.readBack;
   round[kExchange] = Seconds([&] { ExchangeAll(requests, port); });
   round[kDocument] = Seconds([&] { PassDocuments(requests); });
   round[kAddress] = Seconds([&] { ReadAddresses(requests.size()); });
@@ -172,6 +210,50 @@ void PrintPart(const std::vector<Round>& rounds, const char* name, double reques
               MedianOf(rounds, [&](const Round& round) { return value(round) / round[kFloor]; }));
 }
 
+/// Fails unless the script sends what our run sends, but for the indentation.
+void CheckScript(const Workload& workload, const std::vector<std::string>& requests) {
+  const bench::BenchFolder folder;
+  const bench::LoopbackServer server(folder / "requests");
+  bench::RunChild(ScriptCommand(workload, server.Port()));
+  const std::vector<std::string> sent = bench::ReadRecord(folder / "requests");
+  if (sent.size() != requests.size()) throw std::runtime_error("The script sent other vouchers");
+  for (std::size_t i = 0; i < sent.size(); ++i) {
+    platform::XmlDocument ours;
+    platform::XmlDocument theirs;
+    ours.LoadXml(bench::BodyOf(requests[i]));
+    theirs.LoadXml(bench::BodyOf(sent[i]));
+    if (ours.Xml() != theirs.Xml()) {
+      throw std::runtime_error("The script sent another voucher:\n" + theirs.Xml() + "\nOurs:\n" +
+                               ours.Xml());
+    }
+  }
+}
+
+void PrintContender(const char* name, const bench::Measured& measured) {
+  std::printf("  %-34s %8.3f s  %7.3f s of a processor, at most %.1f MB\n", name, measured.seconds,
+              measured.cpuSeconds, measured.megabytes);
+}
+
+/// Both as processes of their own, from the path to the last answer.
+bool CompareWithScript(const Workload& workload, std::uint16_t port) {
+  std::vector<double> ratios;
+  bench::Measured ours;
+  bench::Measured script;
+  for (int round = 0; round < kRounds; ++round) {
+    ours = bench::RunChild(
+        {"/proc/self/exe", "--run", workload.path, workload.type, std::to_string(port)});
+    script = bench::RunChild(ScriptCommand(workload, port));
+    if (!ours.succeeded || !script.succeeded) throw std::runtime_error("A contender failed");
+    ratios.push_back(ours.seconds / script.seconds);
+  }
+  PrintContender("the run as a process, last round", ours);
+  PrintContender("the script, last round", script);
+  const double ratio = bench::Median(ratios);
+  const bool passed = ratio <= 1;
+  std::printf("  %.2f times the script, at most 1.00: %s\n", ratio, passed ? "pass" : "FAIL");
+  return passed;
+}
+
 bool Compare(const Workload& workload) {
   const std::vector<std::string> requests = Record(workload);
   if (requests.empty()) throw std::runtime_error("The run sent nothing");
@@ -179,6 +261,8 @@ bool Compare(const Workload& workload) {
   for (const std::string& request : requests) bytes += request.size();
   std::printf("%s, %zu requests of %zu bytes\n", workload.type.c_str(), requests.size(),
               bytes / requests.size());
+
+  if (workload.kind == Kind::Vouchers) CheckScript(workload, requests);
 
   const bench::LoopbackServer server;
   std::vector<Round> rounds;
@@ -193,25 +277,35 @@ bool Compare(const Workload& workload) {
   PrintPart(rounds, "  document, out and in", count, [](const Round& r) { return r[kDocument]; });
   PrintPart(rounds, "  address from the settings", count,
             [](const Round& r) { return r[kAddress]; });
-  PrintPart(rounds, "  rest", count, [](const Round& r) {
-    return r[kRun] - r[kLoad] - r[kExchange] - r[kDocument] - r[kAddress];
+  const bool isStaged = workload.kind == Kind::Vouchers;
+  if (isStaged) {
+    PrintPart(rounds, "  reading back and building", count,
+              [](const Round& r) { return r[kReadBack]; });
+  }
+  PrintPart(rounds, isStaged ? "  staging and the rest" : "  rest", count, [](const Round& r) {
+    return r[kRun] - r[kLoad] - r[kExchange] - r[kDocument] - r[kAddress] - r[kReadBack];
   });
   const double ratio =
       MedianOf(rounds, [](const Round& round) { return round[kRun] / round[kFloor]; });
   const bool passed = ratio <= workload.atMost;
   std::printf("  %.2f times the floor, at most %.2f: %s\n", ratio, workload.atMost,
               passed ? "pass" : "FAIL");
-  return passed;
+  return (!isStaged || CompareWithScript(workload, server.Port())) && passed;
 }
 
 bool CompareMade(const MadeSource& made, std::uint64_t rows) {
   const bench::BenchFolder folder;
   const std::string path = folder / made.fileName;
   made.write(path, rows);
-  return Compare({path, std::string(made.type), made.atMost});
+  return Compare({path, std::string(made.type), made.atMost, made.kind});
 }
 
 bool RunAsTold(const std::vector<std::string>& words) {
+  if (words.size() == 4 && words[0] == "--run") {
+    const auto port = static_cast<std::uint16_t>(std::stoi(words[3]));
+    std::printf("%.6f\n", RunOurs({words[1], words[2], 0}, port).Total());
+    return true;
+  }
   if (words.size() >= 3 && words[0] == "--source") {
     return Compare({words[1], words[2], words.size() > 3 ? std::stod(words[3]) : 1.8});
   }
