@@ -53,6 +53,7 @@ void VoucherRun::GroupRow(std::size_t gridRow) {
   if (prevVoucherKey_.empty()) return;  // an empty ID: nothing after it is sent
   const std::string key = VoucherKey();
   if (key != prevVoucherKey_) BreakVoucher(gridRow, key);
+  form_.GR1.SetTaken(gridRow);
   family_.StageRow(*this);
 }
 
@@ -151,6 +152,7 @@ void VoucherRun::ShowOutcome(std::size_t gridRow, const std::string& status) {
   ImportGrid& grid = form_.GR1;
   if (statusColumn_ == 0) statusColumn_ = grid.ColumnIndex(ImportGrid::kStatusKey);
   grid.SetText(gridRow, statusColumn_, status);
+  grid.SetAnswered(gridRow);
   switch (form::ClassifyDigest(status)) {
     case form::Outcome::Refused:
       if (family_.Groups() == Grouping::ByKey) {
