@@ -140,9 +140,9 @@ bool SaveFailedRows(ImportForm& importForm, const std::filesystem::path& path) {
   return importForm.Trap("F01-0057", [&] {
     std::error_code notThere;
     if (std::filesystem::equivalent(path, importForm.txtFilePath, notThere)) {
-      throw platform::Failure(platform::failure_number::kPathFileAccess, "SaveFailedRows",
-                              "The failed rows cannot take the place of their own source: " +
-                                  path.string());
+      throw platform::Failure(
+          platform::failure_number::kPathFileAccess, "SaveFailedRows",
+          "The failed rows cannot take the place of their own source: " + path.string());
     }
     platform::FileWriter file(path);
     WriteRows(importForm.GR1, file);

@@ -51,7 +51,8 @@ const std::vector<Layer>& Layers() {
                              "gateway", "staging", "form", "masters", "formats", "sources",
                              "posting"}, {}},
       {"shell/console",     {"platform/runtime", "form", "sources", "shell"}, {}},
-      {"shell/ui",          {"platform/runtime", "form", "sources", "shell"}, {"Q"}},
+      {"shell/ui",          {"platform/runtime", "platform/settings", "form", "sources", "shell"},
+                            {"Q"}},
       // A program of its own: it plays Tally and shares no code with what it tests but XML.
       {"practice",          {"platform/runtime", "platform/xml"}, {}},
   };
