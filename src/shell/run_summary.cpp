@@ -108,7 +108,7 @@ void WriteRows(const ImportGrid& grid, platform::FileWriter& file) {
   for (const std::size_t row : FailedRows(grid)) {
     for (const std::size_t column : columns) file.Write(CsvField(grid.Text(row, column)) + ',');
     file.Write(std::to_string(row) + ',');
-    file.WriteLine(statusColumn ? CsvField(grid.Text(row, *statusColumn)) : "");
+    file.WriteLine(statusColumn ? CsvField(platform::Trim(grid.Text(row, *statusColumn))) : "");
   }
 }
 

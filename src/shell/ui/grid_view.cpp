@@ -5,6 +5,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QKeySequence>
 #include <QScrollBar>
 #include <algorithm>
@@ -104,6 +105,11 @@ void GridView::changeEvent(QEvent* event) {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     viewport()->update();
   }
+}
+
+void GridView::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Copy)) return Copy();  // the view's own copies one cell
+  QTableView::keyPressEvent(event);
 }
 
 void GridView::FitColumn(int column, int atMost) {

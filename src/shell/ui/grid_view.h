@@ -39,6 +39,7 @@ class GridView : public QTableView {
 
  protected:
   void changeEvent(QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void AddMenu();

@@ -133,20 +133,15 @@ QComboBox* AddCombo(QGridLayout& grid, int row, const char* name, const char* la
   return combo;
 }
 
-QCheckBox* AddCheck(QGridLayout& grid, int row, const char* name, const char* text,
-                    const char* spoken) {
+QCheckBox* AddCheck(QHBoxLayout& row, const char* name, const char* text, const char* spoken) {
   auto* box = new QCheckBox(text);
   box->setObjectName(name);
   box->setAccessibleName(spoken);
-  QSizePolicy policy = box->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);  // the buttons stay where the hand expects them
-  box->setSizePolicy(policy);
-  grid.addWidget(box, row, 2);
+  row.addWidget(box);
   return box;
 }
 
-QPushButton* AddCommand(QGridLayout& grid, int row, int column, const char* name, const char* text,
-                        const char* keys, const char* hint) {
+QPushButton* AddCommand(const char* name, const char* text, const char* keys, const char* hint) {
   auto* button = new QPushButton(text);
   button->setObjectName(name);
   const QKeySequence shortcut(keys);
@@ -158,7 +153,6 @@ QPushButton* AddCommand(QGridLayout& grid, int row, int column, const char* name
     QObject::connect(action, &QAction::triggered, button, [button] { button->click(); });
     button->addAction(action);
   }
-  grid.addWidget(button, row, column);
   return button;
 }
 
@@ -169,17 +163,22 @@ void BuildRun(MainControls& controls, QVBoxLayout& all) {
   controls.cmbCurrentCompanyList->setEditable(true);
   controls.cmbCurrentCompanyList->setInsertPolicy(QComboBox::NoInsert);
   controls.cmbCurrentCompanyList->setCompleter(nullptr);  // a name is taken as it is typed
+  auto* checks = new QHBoxLayout;
   controls.chkSkipMst =
-      AddCheck(*grid, 0, "chkSkipMst", "I&gnore if already exists.", "Ignore if already exists.");
-  controls.chkChkMst = AddCheck(*grid, 1, "chkChkMst", "Check Masters before posting &Vouchers",
+      AddCheck(*checks, "chkSkipMst", "I&gnore if already exists.", "Ignore if already exists.");
+  controls.chkChkMst = AddCheck(*checks, "chkChkMst", "Check Masters before posting &Vouchers",
                                 "Check Masters before posting Vouchers");
-  grid->setColumnStretch(1, 2);
-  grid->setColumnStretch(3, 1);
+  checks->addStretch();
+  grid->addLayout(checks, 0, 2);
   controls.cmdRefresh =
-      AddCommand(*grid, 1, 4, "cmdRefresh", "&Refresh", "F5", "Looks for Tally and its companies");
-  controls.cmdPost =
-      AddCommand(*grid, 0, 4, "cmdPost", "&Post", "F9", "Posts the rows into the company");
-  controls.cmdClose = AddCommand(*grid, 1, 5, "cmdClose", "C&lose", "", "Ends the program");
+      AddCommand("cmdRefresh", "&Refresh", "F5", "Looks for Tally and its companies");
+  controls.cmdPost = AddCommand("cmdPost", "&Post", "F9", "Posts the rows into the company");
+  controls.cmdClose = AddCommand("cmdClose", "C&lose", "", "Ends the program");
+  grid->addWidget(controls.cmdRefresh, 1, 2, Qt::AlignLeft);
+  grid->addWidget(controls.cmdPost, 0, 3);
+  grid->addWidget(controls.cmdClose, 1, 3);
+  grid->setColumnStretch(1, 1);
+  grid->setColumnStretch(2, 1);
   all.addLayout(grid);
 }
 

@@ -270,16 +270,18 @@ void MainWindow::Progress(std::size_t done, std::size_t total) {
 
 void MainWindow::GridChanged() {
   isSummaryStale_ = true;
-  firstMarked_ = lastMarked_ = followed_ = 0;
   GridModel& model = controls_.GR1->Model();
   const form::ImportGrid& grid = form_->GR1;
   const bool isSameShape = grid.Redraw() && grid.HasRun() &&
                            static_cast<std::size_t>(model.rowCount()) == grid.RowCount() &&
                            static_cast<std::size_t>(model.columnCount()) == grid.ColumnCount();
   if (isSameShape) {  // the end of a run: the user's place in the rows stays
-    model.RowsMarked(1, grid.RowCount());
+    firstMarked_ = 1;
+    lastMarked_ = grid.RowCount();
+    ShowMarks();
     return controls_.GR1->FitStatus();
   }
+  firstMarked_ = lastMarked_ = followed_ = 0;
   controls_.GR1->GridChanged();
   listedModel_.Reset();
   columnsModel_.Reset();

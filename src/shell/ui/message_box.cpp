@@ -1,10 +1,11 @@
 #include "shell/ui/message_box.h"
 
-#include <QAbstractButton>
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
+#include <algorithm>
 
 #include "shell/ui/text.h"
 
@@ -19,6 +20,7 @@ namespace {
 
 constexpr qsizetype kMostCharacters = 1500;
 constexpr qsizetype kMostLines = 25;
+constexpr int kWidestLine = 800;
 
 QMessageBox::Icon IconOf(BoxIcon icon) {
   switch (icon) {
@@ -42,6 +44,17 @@ QString Beginning(const QString& text) {
   return text.left(end);
 }
 
+/// The box breaks lines early; those that fit the screen are to stand whole.
+void KeepLinesWhole(QMessageBox& dialog, const QString& text) {
+  auto* label = dialog.findChild<QLabel*>("qt_msgbox_label");
+  if (!label) return;
+  int width = 0;
+  for (const QString& line : text.split('\n')) {
+    width = std::max(width, label->fontMetrics().horizontalAdvance(line));
+  }
+  label->setMinimumWidth(std::min(width + 8, kWidestLine));
+}
+
 void AddCopyButton(QMessageBox& dialog, const QString& text) {
   QPushButton* copy = dialog.addButton("&Copy", QMessageBox::ActionRole);
   copy->setObjectName("cmdCopy");
@@ -61,6 +74,7 @@ BoxAnswer ShowMessageBox(QWidget* parent, const Box& box) {
   dialog.setTextFormat(Qt::PlainText);
   dialog.setText(shown);
   if (shown.size() < text.size()) dialog.setDetailedText(text);
+  KeepLinesWhole(dialog, shown);
   dialog.setIcon(IconOf(box.icon));
   dialog.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   if (box.buttons == BoxButtons::YesNo) {

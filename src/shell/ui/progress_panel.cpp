@@ -15,7 +15,8 @@ namespace {
 constexpr int kBarSteps = 1000;
 
 QString Grouped(std::size_t number) {
-  return QLocale::c().toString(static_cast<qulonglong>(number));
+  static const QLocale kLocale(QLocale::English, QLocale::UnitedStates);  // never the user's
+  return kLocale.toString(static_cast<qulonglong>(number));
 }
 
 QString About(double seconds) {
