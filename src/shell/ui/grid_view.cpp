@@ -80,7 +80,10 @@ void GridView::AddMenu() {
     auto* action = new QAction(text, this);
     action->setObjectName(name);
     action->setShortcut(keys);
-    action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    // What concerns the rows works wherever the focus is; Copy is every control's own.
+    action->setShortcutContext(keys == QKeySequence(QKeySequence::Copy)
+                                   ? Qt::WidgetWithChildrenShortcut
+                                   : Qt::WindowShortcut);
     connect(action, &QAction::triggered, this, run);
     addAction(action);
   };

@@ -80,7 +80,9 @@ TEST_F(MainWindowTest, EveryControlIsNamedForTheEyeAndTheEar) {
   for (QWidget* control : window_->findChildren<QWidget*>()) {
     const bool isOwn =
         control->focusPolicy() & Qt::TabFocus && !control->objectName().startsWith("qt_");
-    if (!isOwn || control->parentWidget()->inherits("QComboBox")) continue;
+    if (!isOwn || control->window() != window_.get() ||
+        control->parentWidget()->inherits("QComboBox"))
+      continue;
     const auto* button = qobject_cast<QAbstractButton*>(control);
     EXPECT_FALSE(control->objectName().isEmpty()) << control->metaObject()->className();
     EXPECT_FALSE(control->accessibleName().isEmpty() && (!button || button->text().isEmpty()))
@@ -198,11 +200,12 @@ TEST_F(MainWindowTest, TheWindowLivesBetweenRowsAndClosingEndsTheRun) {
   int turns = 0;
   QTimer inTheRun;
   QObject::connect(&inTheRun, &QTimer::timeout, [&] {
-    if (QApplication::activeModalWidget() || !The<QProgressBar>("prgRows").isVisible()) return;
+    if (QApplication::activeModalWidget() || !window_->isVisible()) return;
+    if (The<QPushButton>("cmdPost").isEnabled()) return;
     ++turns;
-    EXPECT_FALSE(The<QPushButton>("cmdPost").isEnabled());
+    EXPECT_TRUE(The<QProgressBar>("prgRows").isVisible());
     EXPECT_FALSE(The<QLineEdit>("txtFilePath").isEnabled());
-    EXPECT_NE(The<QLabel>("lblProgress").text().indexOf(" of 3,002 rows"), -1);
+    EXPECT_TRUE(The<QLabel>("lblProgress").text().contains(" of 3,002 rows"));
     if (turns == 1) Picture("running");
     if (turns == 2) WillPress(QMessageBox::No);
     if (turns == 4) WillPress(QMessageBox::Yes);
