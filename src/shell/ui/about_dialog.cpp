@@ -5,7 +5,6 @@
 #include <QIcon>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPainter>
 #include <QPixmap>
 #include <QProcess>
 #include <QPushButton>
@@ -14,6 +13,9 @@
 
 #include "shell/start_up.h"
 #include "shell/ui/text.h"
+
+// The macro wants to stand outside of namespaces.
+static void UseIcons() { Q_INIT_RESOURCE(icons); }
 
 namespace vorlane::shell::ui {
 
@@ -59,23 +61,10 @@ QString VersionText() { return "Version " + ToQt(kVersion); }
 }  // namespace
 
 QIcon ProgramIcon() {
+  UseIcons();
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128}) {
-    QPixmap picture(size, size);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(size / 64.0, size / 64.0);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(0x1f, 0x4e, 0x79));
-    painter.drawRoundedRect(QRectF(2, 2, 60, 60), 12, 12);
-    painter.setBrush(QColor(0x9e, 0xc5, 0xe8));  // rows
-    for (const int y : {15, 27, 39}) painter.drawRoundedRect(QRectF(10, y, 24, 7), 2, 2);
-    painter.setBrush(Qt::white);  // on their way
-    painter.drawPolygon(
-        QPolygonF({{30, 26}, {42, 26}, {42, 17}, {56, 30.5}, {42, 44}, {42, 35}, {30, 35}}));
-    painter.end();
-    icon.addPixmap(picture);
+  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+    icon.addFile(QString(":/vorlane-%1.png").arg(size), QSize(size, size));
   }
   return icon;
 }

@@ -229,6 +229,8 @@ QLabel* Panel(const char* name, const char* spoken) {
   panel->setAccessibleName(spoken);
   panel->setTextFormat(Qt::PlainText);
   panel->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  panel->setMinimumWidth(1);  // a long text is cut, and does not widen the window
+  panel->setContentsMargins(8, 0, 8, 0);
   return panel;
 }
 

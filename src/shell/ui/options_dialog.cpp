@@ -45,7 +45,7 @@ QPlainTextEdit* HelpText() {
   help->setTabChangesFocus(true);
   help->setLineWrapMode(QPlainTextEdit::NoWrap);
   const QFontMetrics metrics = help->fontMetrics();
-  help->setMinimumHeight(8 * metrics.lineSpacing() + 12);
+  help->setFixedHeight(7 * metrics.lineSpacing() + 16);
   help->setMinimumWidth(
       metrics.horizontalAdvance("-For Server Address running on network machince ") + 40);
   return help;
