@@ -67,7 +67,7 @@ Statement::~Statement() {
   prepared_->inUse = false;
 }
 
-void Statement::Bind(std::span<const std::string_view> texts) {
+void Statement::Bind(std::span<const std::string_view> texts, void (*lifetime)(void*)) {
   sqlite3_stmt* handle = prepared_->handle.get();
   const int places = sqlite3_bind_parameter_count(handle);
   if (static_cast<std::size_t>(places) != texts.size()) {
@@ -80,8 +80,7 @@ void Statement::Bind(std::span<const std::string_view> texts) {
     const std::string_view text = texts[static_cast<std::size_t>(i)];
     // An empty view may point nowhere, which the library would take for null.
     const char* data = text.empty() ? "" : text.data();
-    const int result =
-        sqlite3_bind_text64(handle, i + 1, data, text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    const int result = sqlite3_bind_text64(handle, i + 1, data, text.size(), lifetime, SQLITE_UTF8);
     if (result != SQLITE_OK) connection_->Fail(sqlite3_sql(handle));
   }
 }
@@ -168,14 +167,39 @@ Statement StagingStore::Start(std::string_view sql) {
 
 void StagingStore::Execute(std::string_view sql, std::span<const std::string_view> texts) {
   Statement statement = Start(sql);
-  statement.Bind(texts);
+  statement.Bind(texts, SQLITE_STATIC);
   while (statement.Step()) {
   }
 }
 
+void StagingStore::Replace(std::string_view remove, std::span<const std::string_view> removeTexts,
+                           std::string_view insert, std::span<const std::string_view> insertTexts) {
+  Execute("Begin");
+  try {
+    Execute(remove, removeTexts);
+    try {
+      Execute(insert, insertTexts);
+    } catch (...) {
+      // The library may have ended the transaction by itself, on a full disk say.
+      if (sqlite3_get_autocommit(connection_->Handle()) == 0) Execute("Commit");
+      throw;
+    }
+    Execute("Commit");
+  } catch (...) {
+    Undo();
+    throw;
+  }
+}
+
+// Leaves no transaction open; there is nothing to undo where the library has
+// done so.
+void StagingStore::Undo() noexcept {
+  sqlite3_exec(connection_->Handle(), "Rollback", nullptr, nullptr, nullptr);
+}
+
 Statement StagingStore::Query(std::string_view sql, std::initializer_list<std::string_view> texts) {
   Statement statement = Start(sql);
-  statement.Bind(texts);
+  statement.Bind(texts, SQLITE_TRANSIENT);
   return statement;
 }
 
@@ -186,8 +210,7 @@ ReadBracket::ReadBracket(StagingStore& store) : store_(store) {
 
 ReadBracket::~ReadBracket() {
   if (--store_.openBrackets_ > 0) return;
-  // Nothing was written, so a rollback loses nothing and cannot fail.
-  sqlite3_exec(store_.connection_->Handle(), "Rollback", nullptr, nullptr, nullptr);
+  store_.Undo();  // nothing was written, so nothing is lost
 }
 
 }  // namespace vorlane::staging

@@ -45,7 +45,8 @@ class Statement {
  private:
   friend class StagingStore;
   Statement(SqliteConnection& connection, PreparedStatement& prepared);
-  void Bind(std::span<const std::string_view> texts);
+  /// `lifetime` as the library has it: SQLITE_STATIC when the texts outlive the run.
+  void Bind(std::span<const std::string_view> texts, void (*lifetime)(void*));
 
   SqliteConnection* connection_;
   PreparedStatement* prepared_;  // null after a move
@@ -59,7 +60,7 @@ class Statement {
 /// thirteen times as much. A failed opening is tried again at the next use. A
 /// file that is missing is created with its tables; one that exists is used as
 /// it is, and a table or column that it lacks fails the statement that needs
-/// it. Each statement is final when it returns; no transaction spans two. The
+/// it. Each call is final when it returns; no transaction spans two. The
 /// write-ahead log keeps the file sound on a power cut, which matters because
 /// it holds the user's formats, and lets other programs read meanwhile.
 ///
@@ -85,6 +86,11 @@ class StagingStore {
   /// Statements stay prepared by their text, so values belong in `texts`.
   void Execute(std::string_view sql, std::span<const std::string_view> texts = {});
 
+  /// Runs a delete and an insert, final together: half the locks of two calls.
+  /// A row whose insert fails is gone all the same.
+  void Replace(std::string_view remove, std::span<const std::string_view> removeTexts,
+               std::string_view insert, std::span<const std::string_view> insertTexts);
+
   /// Starts a read. The texts are copied.
   Statement Query(std::string_view sql, std::initializer_list<std::string_view> texts = {});
 
@@ -93,6 +99,7 @@ class StagingStore {
 
   SqliteConnection& Connection();
   Statement Start(std::string_view sql);
+  void Undo() noexcept;
 
   std::filesystem::path file_;
   std::unique_ptr<SqliteConnection> connection_;

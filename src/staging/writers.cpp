@@ -198,16 +198,14 @@ void StagingWriters::Write(const Writer& writer, Keys keys, const std::vector<Ce
   errors::Trap(reporter_, writer.where, [&] { WriteUntrapped(writer, keys, cells); });
 }
 
-// Two statements, each final at once: a row whose insert fails is gone.
 void StagingWriters::WriteUntrapped(const Writer& writer, Keys keys,
                                     const std::vector<Cell>& cells) {
   const Statements& statements = StatementsOf(writer, cells);
-  store_.Execute(statements.remove, {keys.begin(), DeleteKeyCount(writer, keys.size())});
-
   std::vector<std::string_view> texts(keys);
   texts.reserve(keys.size() + cells.size());
   for (const Cell& cell : cells) texts.push_back(cell.second);
-  store_.Execute(statements.insert, texts);
+  store_.Replace(statements.remove, {keys.begin(), DeleteKeyCount(writer, keys.size())},
+                 statements.insert, texts);
 }
 
 const StagingWriters::Statements& StagingWriters::StatementsOf(const Writer& writer,
