@@ -172,29 +172,9 @@ void StagingStore::Execute(std::string_view sql, std::span<const std::string_vie
   }
 }
 
-void StagingStore::Replace(std::string_view remove, std::span<const std::string_view> removeTexts,
-                           std::string_view insert, std::span<const std::string_view> insertTexts) {
-  Execute("Begin");
-  try {
-    Execute(remove, removeTexts);
-    try {
-      Execute(insert, insertTexts);
-    } catch (...) {
-      // The library may have ended the transaction by itself, on a full disk say.
-      if (sqlite3_get_autocommit(connection_->Handle()) == 0) Execute("Commit");
-      throw;
-    }
-    Execute("Commit");
-  } catch (...) {
-    Undo();
-    throw;
-  }
-}
-
-// Leaves no transaction open; there is nothing to undo where the library has
-// done so.
-void StagingStore::Undo() noexcept {
-  sqlite3_exec(connection_->Handle(), "Rollback", nullptr, nullptr, nullptr);
+bool StagingStore::KeepsKeysApart(std::string_view table) {
+  Statement row = Query("Select wr from pragma_table_list where name=? collate nocase", {table});
+  return row.Step() && row.Text("wr") == "1";
 }
 
 Statement StagingStore::Query(std::string_view sql, std::initializer_list<std::string_view> texts) {
@@ -210,7 +190,8 @@ ReadBracket::ReadBracket(StagingStore& store) : store_(store) {
 
 ReadBracket::~ReadBracket() {
   if (--store_.openBrackets_ > 0) return;
-  store_.Undo();  // nothing was written, so nothing is lost
+  // Nothing was written, so a rollback loses nothing and cannot fail.
+  sqlite3_exec(store_.connection_->Handle(), "Rollback", nullptr, nullptr, nullptr);
 }
 
 }  // namespace vorlane::staging

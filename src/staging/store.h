@@ -60,7 +60,7 @@ class Statement {
 /// thirteen times as much. A failed opening is tried again at the next use. A
 /// file that is missing is created with its tables; one that exists is used as
 /// it is, and a table or column that it lacks fails the statement that needs
-/// it. Each call is final when it returns; no transaction spans two. The
+/// it. Each statement is final when it returns; no transaction spans two. The
 /// write-ahead log keeps the file sound on a power cut, which matters because
 /// it holds the user's formats, and lets other programs read meanwhile.
 ///
@@ -86,10 +86,8 @@ class StagingStore {
   /// Statements stay prepared by their text, so values belong in `texts`.
   void Execute(std::string_view sql, std::span<const std::string_view> texts = {});
 
-  /// Runs a delete and an insert, final together: half the locks of two calls.
-  /// A row whose insert fails is gone all the same.
-  void Replace(std::string_view remove, std::span<const std::string_view> removeTexts,
-               std::string_view insert, std::span<const std::string_view> insertTexts);
+  /// Whether the table holds one row a key, as those that the store creates do.
+  bool KeepsKeysApart(std::string_view table);
 
   /// Starts a read. The texts are copied.
   Statement Query(std::string_view sql, std::initializer_list<std::string_view> texts = {});
@@ -99,7 +97,6 @@ class StagingStore {
 
   SqliteConnection& Connection();
   Statement Start(std::string_view sql);
-  void Undo() noexcept;
 
   std::filesystem::path file_;
   std::unique_ptr<SqliteConnection> connection_;
