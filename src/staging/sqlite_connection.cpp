@@ -152,6 +152,8 @@ void SqliteConnection::UseWriteAheadLog() {
     if (result != SQLITE_OK) return;
   }
   Run("Pragma synchronous=NORMAL");
+  // Folding the log into the file waits for the disk, so it is done seldom.
+  Run("Pragma wal_autocheckpoint=16000");
 }
 
 void SqliteConnection::Fail(std::string_view sql) const {
