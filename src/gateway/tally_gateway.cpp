@@ -41,12 +41,13 @@ std::string RewriteReservedValues(std::string xmlText) {
 std::string TallyGateway::SendToGateway(std::string& xmlText) {
   std::string digest;
   errors::Trap(reporter_, kWhereSend, [&] {
+    platform::HttpRequest request = NewRequest();
     xmlText = RewriteReservedValues(std::move(xmlText));
     platform::XmlDocument document;
     // A text that does not parse leaves the document empty: the box comes from
     // NormalizeDocument, and the empty document is sent all the same.
     document.LoadXml(xmlText);
-    digest = SendDocument(document);
+    digest = Exchange(request, document);
   });
   return digest;
 }
@@ -58,13 +59,21 @@ std::string TallyGateway::SendToGateway(platform::XmlDocument& document) {
     return SendToGateway(xmlText);
   }
   std::string digest;
-  errors::Trap(reporter_, kWhereSend, [&] { digest = SendDocument(document); });
+  errors::Trap(reporter_, kWhereSend, [&] {
+    platform::HttpRequest request = NewRequest();
+    digest = Exchange(request, document);
+  });
   return digest;
 }
 
-std::string TallyGateway::SendDocument(platform::XmlDocument& document) {
+platform::HttpRequest TallyGateway::NewRequest() const {
   platform::HttpRequest request(limits_);
   request.Open("POST", GatewayUrl());
+  return request;
+}
+
+std::string TallyGateway::Exchange(platform::HttpRequest& request,
+                                   platform::XmlDocument& document) {
   NormalizeDocument(document, reporter_);
   request.Send(document.Xml());
   return ParseImportResult(request.ResponseText(), reporter_);

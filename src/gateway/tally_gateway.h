@@ -36,7 +36,8 @@ class TallyGateway {
   const platform::HttpLimits& Limits() const { return limits_; }
 
  private:
-  std::string SendDocument(platform::XmlDocument& document);
+  platform::HttpRequest NewRequest() const;
+  std::string Exchange(platform::HttpRequest& request, platform::XmlDocument& document);
 
   platform::SettingsStore& settings_;
   errors::Reporter& reporter_;

@@ -274,19 +274,21 @@ void AppendNames(std::string& list, std::span<const std::string_view> names,
   }
 }
 
-// A row lies in its key's own tree, without a second one for the table: the reads
-// by voucher and by parent and the writers' deletes find it there, and a staged
-// row costs one page of the log, not two. Without any key staging is quadratic.
 std::string CreateTable(const TableDef& table) {
   std::string sql = "Create table ";
   sql.append(table.name).append(" (");
-  const std::vector<std::string_view> keys = table.KeyColumns();
-  AppendNames(sql, keys, " text");
+  AppendNames(sql, table.KeyColumns(), " text");
   for (const DataColumn& column : table.data) sql.append(", ").append(column.name).append(" text");
-  if (table.idColumn.empty()) return sql + ")";
-  sql += ", primary key (";
-  AppendNames(sql, keys, "");
-  return sql + ")) without rowid";
+  return sql + ")";
+}
+
+// Serves the reads by voucher and by parent, and the writers, which replace a row
+// by its key. Without it staging is quadratic.
+std::string CreateKey(const TableDef& table) {
+  std::string sql = "Create unique index ";
+  sql.append(table.name).append("_Key on ").append(table.name).append(" (");
+  AppendNames(sql, table.KeyColumns(), "");
+  return sql + ")";
 }
 
 }  // namespace
@@ -309,6 +311,7 @@ std::vector<std::string> SchemaStatements() {
   std::vector<std::string> statements;
   for (const TableDef& table : kTables) {
     statements.push_back(CreateTable(table));
+    if (!table.idColumn.empty()) statements.push_back(CreateKey(table));
   }
   statements.insert(statements.end(), std::begin(kFormatStatements), std::end(kFormatStatements));
   return statements;

@@ -64,7 +64,7 @@ struct TableDef {
 extern const std::span<const TableDef> kTables;
 const TableDef& DefinitionOf(Table table);
 
-/// The statements that make the tables of a new store, those of
+/// The statements that make the tables and indexes of a new store, those of
 /// the custom formats included.
 std::vector<std::string> SchemaStatements();
 

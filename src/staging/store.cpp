@@ -173,8 +173,11 @@ void StagingStore::Execute(std::string_view sql, std::span<const std::string_vie
 }
 
 bool StagingStore::KeepsKeysApart(std::string_view table) {
-  Statement row = Query("Select wr from pragma_table_list where name=? collate nocase", {table});
-  return row.Step() && row.Text("wr") == "1";
+  const std::string index = std::string(table) + "_Key";
+  Statement row =
+      Query("Select 1 from pragma_index_list(?) where name=? collate nocase and \"unique\"=1",
+            {table, index});
+  return row.Step();
 }
 
 Statement StagingStore::Query(std::string_view sql, std::initializer_list<std::string_view> texts) {
