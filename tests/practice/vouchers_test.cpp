@@ -162,13 +162,12 @@ INSTANTIATE_TEST_SUITE_P(
             Line(
                 "Cost Category &apos;Branches&apos; does not exist! Cost Centre &apos;Nashik&apos; "
                 "does not exist!")},
-        VoucherCase{"BelowAnAllocation",
-                    Voucher(Entry("Asha", "-7",
-                                  "<INVENTORYALLOCATIONS.LIST>" + Cost("", "Nashik") +
-                                      "</INVENTORYALLOCATIONS.LIST>",
-                                  "ALLLEDGERENTRIES") +
-                            Entry("Sales", "7")),
-                    Line("Cost Centre &apos;Nashik&apos; does not exist!")},
+        VoucherCase{
+            "BelowAnAllocation",
+            Voucher(Entry("Asha", "-7", Stock("INVENTORYALLOCATIONS", "Bar", Cost("", "Nashik")),
+                          "ALLLEDGERENTRIES") +
+                    Entry("Sales", "7")),
+            Line("Cost Centre &apos;Nashik&apos; does not exist!")},
         VoucherCase{"TypeOfTheAttribute",
                     "<VOUCHER VCHTYPE=\"rejections in\"><DATE>20240401</DATE></VOUCHER>", "1000"},
         VoucherCase{"NothingAtAll", "<VOUCHER/>",
