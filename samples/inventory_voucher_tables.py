@@ -55,8 +55,8 @@ VATTRANSACTIONS = joined("""
 """, """
 #  | ItemName         | ItemDescription           | Quantity | Unit | Rate   | Per | GodownName         | BatchName | MfdDate    | ExpiryPeriod | OrderNo | TrackingNo
 2  | TMT Bar 8 mm     |                           | 500      | Kgs  | 52     |     | Open Yard          |           |            |              | PO 118  | DN/40
-3  | Hex Bolt M12     | Grade 8.8~zinc plated     | 8        | Box  | 1200   |     | Rack B - Fasteners |           |            |              |         |
-7  | GI Pipe 1"       | Class B~~6 m lengths      | 200 Mtr  | Mtr  | 145    | Mtr | Rack A - Pipes     |           |            |              |         | GRN/31
+3  | Hex Bolt M12     | Grade 8.8#zinc plated     | 8        | Box  | 1200   |     | Rack B - Fasteners |           |            |              |         |
+7  | GI Pipe 1"       | Class B##6 m lengths      | 200 Mtr  | Mtr  | 145    | Mtr | Rack A - Pipes     |           |            |              |         | GRN/31
 8  | GI Pipe 1"       |                           | 100 Mtr  | Mtr  | 145    | Mtr |                    |           |            |              |         | GRN/32
 11 | Enamel White 4 L | White, gloss              | 10       | Nos  | 900    |     | Andheri Shop       | EW-2411   | 15-11-2024 | 24 Months    |         |
 12 | पेंट ब्रश 2 इंच      |                           | 6        | Doz  | 350    |     | Andheri Shop       |           |            |              |         |
@@ -164,9 +164,9 @@ STOCKJV = joined("""
 2 | 2    |       |               |       |            |       |               | Out       |          |      |      |        |
 3 | 3    |       |               |       |            |       | Hex Nut M12   | Out       | 10       | Box  | 420  | 4200   |
 4 | 4    |       |               |       |            |       | Bolt Set M12  | In        | 50       | Nos  | 294  | 14700  |
-5 | 5    | SJ-02 | Stock Journal | SJ/2  | 23-04-2025 |       | TMT Bar 8 mm  | Out       | 250      | Kgs  | 52   | 13000  | From the yard to the shop
+5 | 5    | SJ-02 | Stock Journal | SJ/2  | 23-04-2025 | ST/1  | TMT Bar 8 mm  | Out       | 250      | Kgs  | 52   | 13000  | From the yard to the shop
 6 | 6    |       |               |       |            |       | TMT Bar 8 mm  | In        | 250      | Kgs  | 52   | 13000  |
-7 | 7    | SJ-03 | Stock Journal | SJ/3  | 23-04-2025 |       | TMT Bar 12 mm | Out       | 100      | Kgs  | 50   | 5000   | Refused on purpose: no such godown
+7 | 7    | SJ-03 | Stock Journal | SJ/3  | 23-04-2025 | ST/2  | TMT Bar 12 mm | Out       | 100      | Kgs  | 50   | 5000   | Refused on purpose: no such godown
 8 | 8    |       |               |       |            |       | TMT Bar 12 mm | In        | 100      | Kgs  | 50   | 5000   |
 """, """
 # | GodownName         | BatchName     | BatchQuantity | BatchUnit | BatchAmount
