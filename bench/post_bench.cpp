@@ -107,7 +107,7 @@ void BuildDocuments(form::ImportForm& importForm) {
     while (row.Step()) ids.emplace_back(row.TextOrEmpty(0));
   }
   for (const std::string& id : ids) {
-    if (documents.BuildDocument(company, id, "Create").empty()) {
+    if (documents.BuildDocument(company, id, "Create").Xml().empty()) {
       throw std::runtime_error("Voucher " + id + " has no document");
     }
   }

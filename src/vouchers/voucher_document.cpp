@@ -57,8 +57,9 @@ std::vector<VoucherDocumentWriter::ListRead> VoucherDocumentWriter::PrepareLists
   return reads;
 }
 
-std::string VoucherDocumentWriter::BuildDocument(std::string_view companyName,
-                                                 std::string_view vchID, std::string_view action) {
+platform::XmlDocument VoucherDocumentWriter::BuildDocument(std::string_view companyName,
+                                                           std::string_view vchID,
+                                                           std::string_view action) {
   errors::Reporter& reporter = tally_.Reporter();
   auto envelope = gateway::NewImportEnvelope(companyName, reporter);
   platform::XmlNode* data = gateway::DataElement(envelope, "//REQUESTDATA");
@@ -69,7 +70,7 @@ std::string VoucherDocumentWriter::BuildDocument(std::string_view companyName,
   const staging::ReadBracket bracket(store_);
   VoucherWalk walk(*this, builder, companyName, vchID);
   walk.WriteVoucher(voucher, action);
-  return envelope->Xml();
+  return std::move(*envelope);
 }
 
 std::string VoucherDocumentWriter::WriteVoucherDocument(std::string_view companyName,
@@ -77,8 +78,8 @@ std::string VoucherDocumentWriter::WriteVoucherDocument(std::string_view company
                                                         std::string_view action) {
   std::string digest;
   errors::Trap(tally_.Reporter(), "C01-0020", [&] {
-    std::string xmlText = BuildDocument(companyName, vchID, action);
-    digest = tally_.SendToGateway(xmlText);
+    platform::XmlDocument document = BuildDocument(companyName, vchID, action);
+    digest = tally_.SendToGateway(document);
   });
   return digest;
 }
