@@ -72,11 +72,15 @@ MainWindow::~MainWindow() {
   columnsModel_.Show(nullptr);
 }
 
-bool MainWindow::LoadForm(ImportForm& importForm, const RunOrder& order) {
+void MainWindow::Attach(ImportForm& importForm) {
   form_ = &importForm;
   controls_.GR1->Model().Show(&importForm.GR1);
   listedModel_.Show(&importForm.lstLedgerTree);
   columnsModel_.Show(&importForm.GR1);
+}
+
+bool MainWindow::LoadForm(ImportForm& importForm, const RunOrder& order) {
+  Attach(importForm);
   bool staysOpen = false;
   Do([&] { staysOpen = shell::LoadForm(importForm, order); });
   if (!staysOpen || isClosed_) return false;

@@ -25,7 +25,12 @@ class MainWindow : public QMainWindow, public form::Face {
   MainWindow();
   ~MainWindow() override;
 
-  /// `Form_Load`, with the window in view. The form outlives the window's use.
+  /// Shows a form and takes commands for it. The form outlives the window's use.
+  void Attach(form::ImportForm& importForm);
+  /// Runs a command of the form as a control does: nothing while another is at
+  /// work, and everything shown anew behind it.
+  void Do(const std::function<void()>& work);
+  /// `Form_Load`, with the window in view.
   /// False when there is nothing left to wait for: the form closed itself behind
   /// an ordered run, or the user closed it.
   bool LoadForm(form::ImportForm& importForm, const RunOrder& order);
@@ -61,7 +66,6 @@ class MainWindow : public QMainWindow, public form::Face {
   void ConnectSource();
   void ConnectRun();
   void ConnectTables();
-  void Do(const std::function<void()>& work);
   void EnableForm(bool enabled);
 
   // From the form to the controls.

@@ -376,5 +376,23 @@ TEST_F(MainWindowTest, AboutTellsWhatTheProgramIs) {
   Choose("mnuAbout");
 }
 
+// The pictures of the guide; docs/tools/make_pictures asks for them.
+TEST_F(MainWindowTest, PicturesOfTheGuide) {
+  if (!std::getenv("VORLANE_PICTURES")) GTEST_SKIP() << "nobody asked for pictures";
+  window_->resize(980, 520);
+  ASSERT_TRUE(StartWith("samples/masters.xls", "LEDGERGROUPS"));
+  PostWithYes();
+  GridView& grid = *window_->Controls().GR1;
+  grid.NextFailed();
+  Picture("desktop");
+  QPalette dark(QColor(0x35, 0x36, 0x3a), QColor(0x2a, 0x2b, 0x2f));
+  dark.setColor(QPalette::AlternateBase, QColor(0x2f, 0x30, 0x35));
+  dark.setColor(QPalette::Base, QColor(0x24, 0x25, 0x28));
+  const QPalette light = QApplication::palette();
+  QApplication::setPalette(dark);
+  Picture("desktop-dark");
+  QApplication::setPalette(light);
+}
+
 }  // namespace
 }  // namespace vorlane::shell::ui
