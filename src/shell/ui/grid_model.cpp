@@ -131,6 +131,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
       return CellText(Text(row, column));
+    case kFullText:
+      return ToQt(Text(row, column));
     case Qt::ForegroundRole:
       return Foreground(mark);
     case Qt::FontRole:

@@ -52,6 +52,9 @@ class GridModel : public QAbstractTableModel {
   QIcon stoppedIcon_;
 };
 
+/// The role under which the models of this window give a cell's whole text.
+inline constexpr int kFullText = Qt::UserRole;
+
 /// A text on one line, cut to what a cell can show.
 QString CellText(std::string_view text);
 

@@ -9,7 +9,12 @@ namespace vorlane::shell::ui {
 
 namespace {
 
-bool ShowsText(int role) { return role == Qt::DisplayRole || role == Qt::ToolTipRole; }
+/// A text as a role shows it; nothing for a role that shows none.
+QVariant TextFor(int role, std::string_view text) {
+  if (role == Qt::DisplayRole) return CellText(text);
+  if (role == Qt::ToolTipRole) return CellText(text).toHtmlEscaped();
+  return role == kFullText ? QVariant(ToQt(text)) : QVariant();
+}
 
 struct ColumnFact {
   const char* caption;
@@ -42,10 +47,9 @@ int ListedModel::columnCount(const QModelIndex& parent) const {
 
 // The table answers with nothing beyond its ends, so a cell that went is empty.
 QVariant ListedModel::data(const QModelIndex& index, int role) const {
-  if (!table_ || !ShowsText(role)) return {};
-  const std::string_view text = table_->Cell(static_cast<std::size_t>(index.row()) + 1,
-                                             static_cast<std::size_t>(index.column()));
-  return role == Qt::DisplayRole ? CellText(text) : ToQt(text.substr(0, 2000)).toHtmlEscaped();
+  if (!table_) return {};
+  return TextFor(role, table_->Cell(static_cast<std::size_t>(index.row()) + 1,
+                                    static_cast<std::size_t>(index.column())));
 }
 
 QVariant ListedModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -72,9 +76,9 @@ int ColumnsModel::columnCount(const QModelIndex& parent) const {
 
 QVariant ColumnsModel::data(const QModelIndex& index, int role) const {
   const auto row = static_cast<std::size_t>(index.row());
-  if (!grid_ || !ShowsText(role) || row >= grid_->ColumnCount()) return {};
+  if (!grid_ || row >= grid_->ColumnCount()) return {};
   const auto text = kColumnFacts[static_cast<std::size_t>(index.column())].text;
-  return CellText(grid_->Column(row + 1).*text);
+  return TextFor(role, grid_->Column(row + 1).*text);
 }
 
 QVariant ColumnsModel::headerData(int section, Qt::Orientation orientation, int role) const {

@@ -87,6 +87,7 @@ void MainWindow::ConnectSource() {
 }
 
 void MainWindow::ConnectRun() {
+  controls_.cmbTableName->installEventFilter(this);
   // Also when the entry is picked that stands there already: its rows are read anew.
   connect(controls_.cmbTableName, &QComboBox::activated, this, [this](int entry) {
     const std::string text = FromQt(controls_.cmbTableName->itemText(entry));
@@ -128,9 +129,7 @@ void MainWindow::ConnectTables() {
 }
 
 void MainWindow::ShowCell(const QModelIndex& cell) {
-  const QString text = cell.model() == &controls_.GR1->Model()
-                           ? controls_.GR1->Model().FullText(cell.row(), cell.column())
-                           : cell.data().toString();
+  const QString text = cell.data(kFullText).toString();
   if (text.isEmpty() || isBusy_) return;
   Do([&] { ShowBox({FromQt(text), std::string(kApplicationTitle)}); });
 }
@@ -138,13 +137,15 @@ void MainWindow::ShowCell(const QModelIndex& cell) {
 // The path boxes -----------------------------------------------------------------
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusOut) {
+  if (event->type() == QEvent::FocusOut && watched != controls_.cmbTableName) {
     const auto reason = static_cast<QFocusEvent*>(event)->reason();
     // Another window or a menu takes no control's focus away for good.
     const bool isLeft = reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason ||
                         reason == Qt::MouseFocusReason || reason == Qt::ShortcutFocusReason;
     if (isLeft) PathLeft(watched);
   }
+  // A turn of the wheel over the list of types must not load another table.
+  if (event->type() == QEvent::Wheel && watched == controls_.cmbTableName) return true;
   return QMainWindow::eventFilter(watched, event);
 }
 
