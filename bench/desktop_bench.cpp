@@ -3,7 +3,8 @@
 // Without a screen it runs on the offscreen platform, which paints all the same.
 //
 //   desktop_bench [start|post|scroll]   all of them without a word
-//   desktop_bench --start               what `vorlane` does until it is ready
+//   desktop_bench --start NOW           what `vorlane` does until it is ready, begun at
+//                                       NOW of the steady clock; tells its seconds
 
 #include <QApplication>
 #include <QScrollBar>
@@ -74,7 +75,12 @@ void StoreAddress(form::ImportForm& importForm, std::uint16_t port) {
 
 // The start ----------------------------------------------------------------------
 
-int StartUntilReady() {
+/// The steady clock, which all processes share.
+std::string Now() {
+  return std::to_string(std::chrono::steady_clock::now().time_since_epoch().count());
+}
+
+int StartUntilReady(long long begun) {
   int argumentCount = 1;
   char name[] = "vorlane";
   char* arguments[] = {name, nullptr};
@@ -88,7 +94,10 @@ int StartUntilReady() {
   QApplication::processEvents();
   if (!window.LoadForm(application.Form(), shell::RunOrder(""))) return EXIT_FAILURE;
   splash.close();
-  QTimer::singleShot(0, &desktop, &QApplication::quit);
+  QTimer::singleShot(0, &desktop, [begun] {
+    std::printf("%.6f\n", static_cast<double>(std::stoll(Now()) - begun) / 1e9);
+    QApplication::quit();
+  });
   return QApplication::exec();
 }
 
@@ -107,8 +116,8 @@ bool CompareStart() {
   std::vector<double> others;
   std::vector<double> ratios;
   for (int round = 0; round < kRounds; ++round) {
-    const bench::Measured window = bench::RunChild({empty});
-    const bench::Measured program = bench::RunChild({"/proc/self/exe", "--start"});
+    const bench::Measured window = bench::RunChild({empty, Now()});
+    const bench::Measured program = bench::RunChild({"/proc/self/exe", "--start", Now()});
     if (!window.succeeded || !program.succeeded) throw std::runtime_error("A start failed");
     if (round == 0) continue;  // the libraries come from the disk
     others.push_back(window.seconds);
@@ -279,7 +288,7 @@ int main(int argc, char** argv) {
   if (!std::getenv("DISPLAY")) ::setenv("QT_QPA_PLATFORM", "offscreen", 0);
   const std::string word = argc > 1 ? argv[1] : "";
   try {
-    if (word == "--start") return StartUntilReady();
+    if (word == "--start") return StartUntilReady(argc > 2 ? std::stoll(argv[2]) : 0);
     return RunAsTold(word) ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const std::exception& failure) {
     std::fprintf(stderr, "desktop_bench: %s\n", failure.what());

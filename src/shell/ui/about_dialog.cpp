@@ -63,7 +63,7 @@ QString VersionText() { return "Version " + ToQt(kVersion); }
 QIcon ProgramIcon() {
   UseIcons();
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+  for (const int size : {16, 32, 48, 64}) {  // each costs the start a little
     icon.addFile(QString(":/vorlane-%1.png").arg(size), QSize(size, size));
   }
   return icon;
