@@ -60,8 +60,7 @@ void VoucherRun::SendRow(std::size_t gridRow) {
   if (!family_.TakesRow(*this)) return;
   StartVoucher(VoucherKey());
   family_.StageRow(*this);
-  ShowOutcome(gridRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
-  vchID_ = std::to_string(++voucherNumber_);
+  SendVoucher(gridRow);
 }
 
 void VoucherRun::Open() {
@@ -132,11 +131,16 @@ void VoucherRun::BreakVoucher(std::size_t gridRow, const std::string& key) {
   if (prevVoucherKey_ == "00") {
     prevVoucherKey_ = key;  // the first row: nothing is held yet
   } else {
-    ShowOutcome(gridRow - 1, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
+    SendVoucher(gridRow - 1);
     prevVoucherKey_ = key;
-    vchID_ = std::to_string(++voucherNumber_);
   }
   StartVoucher(key);
+}
+
+void VoucherRun::SendVoucher(std::size_t outcomeRow) {
+  writers_.CloseVoucher();
+  ShowOutcome(outcomeRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
+  vchID_ = std::to_string(++voucherNumber_);
 }
 
 void VoucherRun::StartVoucher(const std::string& key) {
@@ -144,6 +148,7 @@ void VoucherRun::StartVoucher(const std::string& key) {
   family_.StartCounters(*this);
   staging::VoucherRec head = DefaultHead(row, key);
   family_.FillHead(*this, head);
+  writers_.OpenVoucher();
   writers_.AddVoucher(Company(), head, vchID_);
 }
 
