@@ -52,14 +52,24 @@ void VoucherRun::TakeRow(std::size_t gridRow, form::CompanyRule& companyRule) {
 void VoucherRun::GroupRow(std::size_t gridRow) {
   if (prevVoucherKey_.empty()) return;  // an empty ID: nothing after it is sent
   const std::string key = VoucherKey();
-  if (key != prevVoucherKey_) BreakVoucher(gridRow, key);
-  family_.StageRow(*this);
+  const bool isNew = key != prevVoucherKey_;
+  if (isNew) {
+    // Before the first row nothing is held yet.
+    if (prevVoucherKey_ != "00") SendVoucher(gridRow - 1);
+    prevVoucherKey_ = key;
+  }
+  writers_.Together([&] {
+    if (isNew) StartVoucher(key);
+    family_.StageRow(*this);
+  });
 }
 
 void VoucherRun::SendRow(std::size_t gridRow) {
   if (!family_.TakesRow(*this)) return;
-  StartVoucher(VoucherKey());
-  family_.StageRow(*this);
+  writers_.Together([&] {
+    StartVoucher(VoucherKey());
+    family_.StageRow(*this);
+  });
   SendVoucher(gridRow);
 }
 
@@ -127,18 +137,7 @@ std::string VoucherRun::VoucherKey() {
   return row.VchType + "-" + row.VchNo + "-" + row.VchDate;
 }
 
-void VoucherRun::BreakVoucher(std::size_t gridRow, const std::string& key) {
-  if (prevVoucherKey_ == "00") {
-    prevVoucherKey_ = key;  // the first row: nothing is held yet
-  } else {
-    SendVoucher(gridRow - 1);
-    prevVoucherKey_ = key;
-  }
-  StartVoucher(key);
-}
-
 void VoucherRun::SendVoucher(std::size_t outcomeRow) {
-  writers_.CloseVoucher();
   ShowOutcome(outcomeRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
   vchID_ = std::to_string(++voucherNumber_);
 }
@@ -148,7 +147,6 @@ void VoucherRun::StartVoucher(const std::string& key) {
   family_.StartCounters(*this);
   staging::VoucherRec head = DefaultHead(row, key);
   family_.FillHead(*this, head);
-  writers_.OpenVoucher();
   writers_.AddVoucher(Company(), head, vchID_);
 }
 
