@@ -52,24 +52,19 @@ void VoucherRun::TakeRow(std::size_t gridRow, form::CompanyRule& companyRule) {
 void VoucherRun::GroupRow(std::size_t gridRow) {
   if (prevVoucherKey_.empty()) return;  // an empty ID: nothing after it is sent
   const std::string key = VoucherKey();
-  const bool isNew = key != prevVoucherKey_;
-  if (isNew) {
+  if (key != prevVoucherKey_) {
     // Before the first row nothing is held yet.
     if (prevVoucherKey_ != "00") SendVoucher(gridRow - 1);
     prevVoucherKey_ = key;
+    StartVoucher(key);
   }
-  writers_.Together([&] {
-    if (isNew) StartVoucher(key);
-    family_.StageRow(*this);
-  });
+  family_.StageRow(*this);
 }
 
 void VoucherRun::SendRow(std::size_t gridRow) {
   if (!family_.TakesRow(*this)) return;
-  writers_.Together([&] {
-    StartVoucher(VoucherKey());
-    family_.StageRow(*this);
-  });
+  StartVoucher(VoucherKey());
+  family_.StageRow(*this);
   SendVoucher(gridRow);
 }
 
@@ -138,6 +133,7 @@ std::string VoucherRun::VoucherKey() {
 }
 
 void VoucherRun::SendVoucher(std::size_t outcomeRow) {
+  writers_.CloseVoucher();
   ShowOutcome(outcomeRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
   vchID_ = std::to_string(++voucherNumber_);
 }
@@ -147,6 +143,7 @@ void VoucherRun::StartVoucher(const std::string& key) {
   family_.StartCounters(*this);
   staging::VoucherRec head = DefaultHead(row, key);
   family_.FillHead(*this, head);
+  writers_.OpenVoucher();
   writers_.AddVoucher(Company(), head, vchID_);
 }
 

@@ -55,10 +55,13 @@ std::size_t DeleteKeyCount(const Writer& writer, std::size_t keyCount) {
 StagingWriters::StagingWriters(StagingStore& store, errors::Reporter& reporter)
     : store_(store), reporter_(reporter) {}
 
-void StagingWriters::Together(const std::function<void()>& work) {
-  WriteBracket bracket(store_);
-  work();
-  errors::Trap(reporter_, kWhereExecStaging, [&] { bracket.Close(); });
+void StagingWriters::OpenVoucher() { voucher_.emplace(store_); }
+
+void StagingWriters::CloseVoucher() {
+  errors::Trap(reporter_, kWhereExecStaging, [&] {
+    if (voucher_) voucher_->Close();
+  });
+  voucher_.reset();
 }
 
 void StagingWriters::AddVoucher(Company companyName, const VoucherRec& voucher, Id vchID) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <array>
-#include <functional>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -31,9 +31,10 @@ class StagingWriters {
  public:
   StagingWriters(StagingStore& store, errors::Reporter& reporter);
 
-  /// Lets what `work` writes become final together, see WriteBracket. A failure to
-  /// do so is reported; one of `work` rises, and what it wrote stays.
-  void Together(const std::function<void()>& work);
+  /// Lets the rows of a voucher become final together, see WriteBracket.
+  void OpenVoucher();
+  /// Makes them final; a failure is reported.
+  void CloseVoucher();
 
   using Id = std::string_view;
   using Company = std::string_view;
@@ -105,6 +106,7 @@ class StagingWriters {
 
   StagingStore& store_;
   errors::Reporter& reporter_;
+  std::optional<WriteBracket> voucher_;             // from OpenVoucher to CloseVoucher
   std::array<Statements, kTableCount> statements_;  // by table, made at first use
 };
 
