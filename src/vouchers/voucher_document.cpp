@@ -19,13 +19,17 @@ std::string ColumnList(std::string_view first, std::span<const VoucherTag> tags)
   return columns;
 }
 
-std::string RowsSql(const VoucherList& list) {
+std::string RowsOfVoucherSql(const VoucherList& list) {
   std::string columns(list.rowId);
   // What a list reads besides its tags stands in front of them.
   if (list.shape == ListShape::ByCategory) columns += ", Category_";
   if (list.rows != RowRule::Every) columns += ", Amount_";
   std::string sql = "Select " + ColumnList(columns, list.tags) + " from ";
-  sql.append(list.table).append(" where CompanyName=? and FK_VchID=?");
+  return sql.append(list.table).append(" where CompanyName=? and FK_VchID=?");
+}
+
+std::string RowsSql(const VoucherList& list) {
+  std::string sql = RowsOfVoucherSql(list);
   if (!list.parentKey.empty()) sql.append(" and ").append(list.parentKey).append("=?");
   if (list.rowOrder.empty()) {
     sql.append(" Order By val(").append(list.rowId).append(")");
@@ -47,7 +51,8 @@ VoucherDocumentWriter::VoucherDocumentWriter(staging::StagingStore& store,
       afterHead_(PrepareLists(kListsAfterHead)) {}
 
 VoucherDocumentWriter::ListRead VoucherDocumentWriter::PrepareList(const VoucherList& list) {
-  return {&list, RowsSql(list), PrepareLists(list.nested)};
+  std::string probeSql = list.parentKey.empty() ? "" : RowsOfVoucherSql(list) + " limit 1";
+  return {&list, RowsSql(list), std::move(probeSql), PrepareLists(list.nested)};
 }
 
 std::vector<VoucherDocumentWriter::ListRead> VoucherDocumentWriter::PrepareLists(

@@ -39,6 +39,7 @@ class VoucherDocumentWriter {
   struct ListRead {
     const VoucherList* list;
     std::string sql;
+    std::string probeSql;  ///< of a nested list: any row of the voucher, whatever its parent
     std::vector<ListRead> nested;
   };
   static ListRead PrepareList(const VoucherList& list);
