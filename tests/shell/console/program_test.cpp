@@ -228,7 +228,8 @@ TEST_F(ConsoleProgram, DoesAWholeRunFromAnAccessDatabase) {
   EXPECT_EQ(printed_, "");
   const std::string report = ReadWholeFile(folder_ / "home" / "r.txt");
   EXPECT_TRUE(report.starts_with(Line("Debtors - Mumbai", "CREATED "))) << report;
-  EXPECT_NE(report.find(Line("ग्राहक", "CREATED ")), std::string::npos) << report;
+  EXPECT_NE(report.find("\r\nग्राहक" + std::string(69, ' ') + "CREATED "), std::string::npos)
+      << report;
   EXPECT_TRUE(report.ends_with("\r\n" + Line("", ""))) << report;
 
   // No argument is the database's password.
@@ -246,13 +247,13 @@ TEST_F(ConsoleProgram, DoesAWholeRunFromADataSource) {
   platform::OdbcSources sources;
   sources.Add("Server", "psqlodbcw.so", server.Settings());
   ASSERT_TRUE(
-      server.Execute("create table ledgers (\"Name\" text, \"Parent\" text);"
-                     "insert into ledgers values ('Café', 'Sundry Debtors')"));
+      server.Execute("create table godowns (\"Name\" text, \"Parent\" text);"
+                     "insert into godowns values ('Yard', '')"));
   const std::string order =
-      "ODBC Server ledgers '' @HOME/r.txt 127.0.0.1 @PORT POSTSILENT vorlane ";
+      "ODBC Server godowns '' @HOME/r.txt 127.0.0.1 @PORT POSTSILENT vorlane ";
   EXPECT_EQ(Run(order + "secret", "panels\n"), 0);
   EXPECT_EQ(printed_, "");
-  EXPECT_EQ(ReadWholeFile(folder_ / "home" / "r.txt"), Line("Café ", "CREATED ") + Line("", ""));
+  EXPECT_EQ(ReadWholeFile(folder_ / "home" / "r.txt"), Line("Yard", "CREATED ") + Line("", ""));
 
   EXPECT_EQ(Run(order + "guess", ""), 0);
   EXPECT_NE(printed_.find("password authentication failed"), std::string::npos) << printed_;
