@@ -247,8 +247,8 @@ TEST_F(ConsoleProgram, DoesAWholeRunFromADataSource) {
   platform::OdbcSources sources;
   sources.Add("Server", "psqlodbcw.so", server.Settings());
   ASSERT_TRUE(
-      server.Execute("create table godowns (\"Name\" text, \"Parent\" text);"
-                     "insert into godowns values ('Yard', '')"));
+      server.Execute("create table godowns (\"Name\" text, \"Parent\" text, \"HasNoStock\" text);"
+                     "insert into godowns values ('Yard', '', 'No')"));
   const std::string order =
       "ODBC Server godowns '' @HOME/r.txt 127.0.0.1 @PORT POSTSILENT vorlane ";
   EXPECT_EQ(Run(order + "secret", "panels\n"), 0);
