@@ -151,6 +151,9 @@ TEST_F(OdbcFaults, LeaveTheGrid) {
   PickTable(form_, "LEDGERS");
   ExpectReport("F01-0013", "[IM002]");
 
+  Enter(std::string(70000, 'n'));
+  ExpectReport("F01-0003", "longer than the 32767 characters");
+
   Execute(
       "create table Orders (VchType text); create table Notes (SrNo int, VchType text);"
       "insert into Notes values (1, 'a'), (2, ''); create table Units (Name text)");

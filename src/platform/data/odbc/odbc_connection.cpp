@@ -118,6 +118,11 @@ void OdbcConnection::Connect(const ConnectionSpec& spec) {
   ::SQLSetConnectAttrW(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                        reinterpret_cast<SQLPOINTER>(kLoginSeconds), 0);
   WideText text(ConnectionString(spec));
+  if (!text.Fits()) {
+    throw Failure(failure_number::kProviderError, "ODBC",
+                  "A data source cannot be opened: its name, user and password are longer than "
+                  "the 32767 characters that ODBC takes.");
+  }
   const SQLRETURN connected =
       ::SQLDriverConnectW(connection_.Get(), nullptr, text.Data(), text.Length(), nullptr, 0,
                           nullptr, SQL_DRIVER_NOPROMPT);
