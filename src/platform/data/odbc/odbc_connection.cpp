@@ -138,7 +138,8 @@ void OdbcConnection::Connect(const ConnectionSpec& spec) {
 void OdbcConnection::FetchByAndBy() const {
   constexpr SQLINTEGER kUseDeclareFetch = 65539;
   constexpr SQLINTEGER kFetch = 65541;
-  constexpr std::uintptr_t kRowsAtATime = 1000;
+  // A multiple of any block of ours, or each fetch has a small one behind it.
+  constexpr std::uintptr_t kRowsAtATime = 8192;
   if (!ShortInfo(SQL_DRIVER_NAME).starts_with("psqlodbc")) return;
   ::SQLSetConnectAttrW(connection_.Get(), kUseDeclareFetch,
                        reinterpret_cast<SQLPOINTER>(std::uintptr_t{1}), 0);

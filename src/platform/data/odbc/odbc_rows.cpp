@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstdint>
 #include <cstring>
 
@@ -151,6 +152,7 @@ class RowBlock {
     constexpr std::size_t kBlockSize = 256 * 1024;
     constexpr std::size_t kMostRows = 256;
     rows_ = std::clamp<std::size_t>(kBlockSize / std::max<std::size_t>(rowWidth, 1), 1, kMostRows);
+    rows_ = std::bit_floor(rows_);
     // A driver without blocks gives one row at a time.
     if (rows_ > 1 && !SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows_))) {
       rows_ = 1;
