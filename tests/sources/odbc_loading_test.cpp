@@ -185,8 +185,8 @@ TEST_F(OdbcFaults, OfAServerLeaveTheGrid) {
   sources_.Add("Server", "psqlodbcw.so", server.Settings());
   ASSERT_TRUE(server.Execute(
       "create table units (\"Name\" text); insert into units values ('Nos');"
-      "create view transactions as select i as \"SrNo\", case when i = 5000 then"
-      "  pg_terminate_backend(pg_backend_pid()) end as gone from generate_series(1, 9000) i"));
+      "create view transactions as select i as \"SrNo\", case when i = 20000 then"
+      "  pg_terminate_backend(pg_backend_pid()) end as gone from generate_series(1, 30000) i"));
   Enter("Server", "wrong");
   ExpectReport("F01-0003", "password authentication failed");
   PickTable(form_, "UNITS");

@@ -163,8 +163,8 @@ TEST_F(PostgresSource, ThatDropsATableBetweenListingAndReadingFails) {
 
 TEST_F(PostgresSource, ThatFailsAtARowFails) {
   Execute(
-      "create view transactions as select i as \"SrNo\", 1000 / (5000 - i) as amount"
-      "  from generate_series(1, 9000) i");
+      "create view transactions as select i as \"SrNo\", 1000 / (20000 - i) as amount"
+      "  from generate_series(1, 30000) i");
   const std::string fault = FaultOf(*Open(), {"transactions", ""});
   EXPECT_NE(fault.find("[22012] ERROR: division by zero"), std::string::npos) << fault;
   EXPECT_NE(fault.find("table transactions, behind row "), std::string::npos) << fault;
@@ -173,8 +173,8 @@ TEST_F(PostgresSource, ThatFailsAtARowFails) {
 TEST_F(PostgresSource, ThatGoesAwayInMidReadFails) {
   Execute(
       "create view transactions as select i as \"SrNo\","
-      "  case when i = 5000 then pg_terminate_backend(pg_backend_pid()) end as gone"
-      "  from generate_series(1, 9000) i");
+      "  case when i = 20000 then pg_terminate_backend(pg_backend_pid()) end as gone"
+      "  from generate_series(1, 30000) i");
   const std::string fault = FaultOf(*Open(), {"transactions", "SrNo"});
   EXPECT_NE(fault.find("terminating connection"), std::string::npos) << fault;
 }
