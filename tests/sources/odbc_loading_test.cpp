@@ -184,7 +184,8 @@ TEST_F(OdbcFaults, OfAServerLeaveTheGrid) {
     GTEST_SKIP() << "PostgreSQL or its ODBC driver is not installed; scripts/setup does it.";
   sources_.Add("Server", "psqlodbcw.so", server.Settings());
   ASSERT_TRUE(server.Execute(
-      "create table units (\"Name\" text); insert into units values ('Nos');"
+      "create table godowns (); create table units (\"Name\" text); insert into units values "
+      "('Nos');"
       "create view transactions as select i as \"SrNo\", case when i = 20000 then"
       "  pg_terminate_backend(pg_backend_pid()) end as gone from generate_series(1, 30000) i"));
   Enter("Server", "wrong");
@@ -194,7 +195,9 @@ TEST_F(OdbcFaults, OfAServerLeaveTheGrid) {
 
   Enter("Server", platform::PostgresServer::kPassword);
   EXPECT_EQ(form_.cmbTableName.entries,
-            (Lines{std::string(form::kTypePrompt), "TRANSACTIONS", "UNITS"}));
+            (Lines{std::string(form::kTypePrompt), "GODOWNS", "TRANSACTIONS", "UNITS"}));
+  PickTable(form_, "GODOWNS");
+  ExpectReport("F01-0013", "table godowns: it has no columns.");
   PickTable(form_, "TRANSACTIONS");  // its server goes in mid-read
   ExpectReport("F01-0013", "terminating connection");
   EXPECT_EQ(Grid(), before_);

@@ -223,7 +223,8 @@ bool OdbcConnection::Run(OdbcResult& result, const std::string& sql) const {
   const SQLRETURN ran = ::SQLExecDirectW(result.statement.Get(), text.Data(), SQL_NTS);
   if (!SQL_SUCCEEDED(ran)) return false;
   result.columns = ColumnsOf(result);
-  return !result.columns.empty();
+  if (!result.columns.empty()) return true;
+  throw Failure(failure_number::kProviderError, "ODBC", result.what + ": it has no columns.");
 }
 
 OdbcResult OdbcConnection::MustRun(const std::string& sql, const std::string& what) const {
