@@ -44,10 +44,31 @@ BenchForm::BenchForm(std::uint16_t port)
 void BenchForm::Load(const std::string& path, const std::string& importType) {
   form_.txtFilePath = path;
   sources::LoadExcelSheets(form_, path);
+  Pick(path, importType);
+}
+
+void BenchForm::LoadAccess(const std::string& path, const std::string& importType) {
+  form_.TabSource = {{"Access"}, "Access"};
+  form_.txtMdbPath = path;
+  sources::LoadAccessTables(form_, path, "", "");
+  Pick(path, importType);
+}
+
+void BenchForm::LoadOdbc(const std::string& dsn, const std::string& user,
+                         const std::string& password, const std::string& importType) {
+  form_.TabSource = {{"ODBC"}, "ODBC"};
+  form_.txtODBCPath = dsn;
+  form_.txtODBCUser = user;
+  form_.txtPass = password;
+  sources::LoadODBCTables(form_, dsn, user, password);
+  Pick(dsn, importType);
+}
+
+void BenchForm::Pick(const std::string& source, const std::string& importType) {
   sources::PickTable(form_, importType);
   RequireNoBox();
   if (form_.GR1.RowCount() < 3) {
-    throw std::runtime_error(path + " has no table for " + importType + ", or no rows in it");
+    throw std::runtime_error(source + " has no table for " + importType + ", or no rows in it");
   }
 }
 

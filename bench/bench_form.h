@@ -67,10 +67,16 @@ class BenchForm {
   /// Loads a table of a file as a user does who enters the path and picks the
   /// import type. Fails with std::runtime_error when a box came up or no rows.
   void Load(const std::string& path, const std::string& importType);
+  /// The same of an Access database and of an ODBC source.
+  void LoadAccess(const std::string& path, const std::string& importType);
+  void LoadOdbc(const std::string& dsn, const std::string& user, const std::string& password,
+                const std::string& importType);
   /// Fails with std::runtime_error, naming its text, when a box was shown.
   void RequireNoBox() const;
 
  private:
+  void Pick(const std::string& source, const std::string& importType);
+
   BenchFolder folder_;
   NullFace face_;
   platform::SystemClock clock_;

@@ -7,8 +7,6 @@
 //   load_bench --load FILE         one load of ours
 //   load_bench --freexl FILE.xls   one walk of FreeXL
 
-#include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -19,27 +17,15 @@
 #include <freexl.h>
 
 #include "bench/bench_form.h"
-#include "bench/child_process.h"
+#include "bench/comparison.h"
 #include "bench/make_csv.h"
 
 namespace {
 
 using vorlane::bench::BenchFolder;
 using vorlane::bench::BenchForm;
-using vorlane::bench::Measured;
-using vorlane::bench::Median;
-using vorlane::bench::RunChild;
-
-constexpr int kRounds = 5;
-
-template <class Work>
-int TellSeconds(Work&& work) {
-  const auto start = std::chrono::steady_clock::now();
-  const bool succeeded = work();
-  const std::chrono::duration<double> taken = std::chrono::steady_clock::now() - start;
-  std::printf("%.6f\n", taken.count());
-  return succeeded ? EXIT_SUCCESS : EXIT_FAILURE;
-}
+using vorlane::bench::Comparison;
+using vorlane::bench::TellSeconds;
 
 int LoadOnce(const std::string& path) {
   BenchForm bench;
@@ -68,71 +54,6 @@ bool WalkByFreexl(const std::string& path) {
   if (handle != nullptr) freexl_close(handle);
   return filled > 0;
 }
-
-struct Contender {
-  const char* name;
-  std::vector<std::string> command;
-  double atMost;  // of its time is what our load may take; 0 for no such rule
-};
-
-/// The contenders' times in seconds, round by round, ours first.
-class Comparison {
- public:
-  Comparison(std::vector<std::string> ours, std::vector<Contender> others)
-      : ours_(std::move(ours)), others_(std::move(others)), times_(others_.size()) {}
-
-  void Run() {
-    for (int round = 0; round < kRounds; ++round) {
-      const Measured own = RunChild(ours_);
-      if (!own.succeeded) throw std::runtime_error("our own load failed");
-      own_.push_back(own.seconds);
-      peak_.push_back(own.megabytes);
-      for (std::size_t i = 0; i < others_.size(); ++i) {
-        const Measured other = RunChild(others_[i].command);
-        if (other.succeeded) times_[i].push_back(other.seconds);
-      }
-    }
-  }
-
-  /// Prints a line for each contender; false when a rule is broken.
-  bool Report() const {
-    bool passed = true;
-    std::printf("  %-34s %8.3f s\n", "the form", Median(own_));
-    for (std::size_t i = 0; i < others_.size(); ++i) passed &= ReportOther(i);
-    return passed;
-  }
-
-  double Peak() const { return Median(peak_); }
-
- private:
-  bool ReportOther(std::size_t index) const {
-    const Contender& other = others_[index];
-    const std::vector<double>& times = times_[index];
-    if (times.size() != kRounds) {
-      std::printf("  %-34s not installed\n", other.name);
-      return other.atMost == 0;
-    }
-    std::vector<double> ratios;
-    for (std::size_t round = 0; round < kRounds; ++round) {
-      ratios.push_back(own_[round] / times[round]);
-    }
-    const double ratio = Median(ratios);
-    std::printf("  %-34s %8.3f s  ratio %.3f", other.name, Median(times), ratio);
-    if (other.atMost == 0) {
-      std::printf("\n");
-      return true;
-    }
-    const bool passed = ratio <= other.atMost;
-    std::printf(", at most %.2f: %s\n", other.atMost, passed ? "pass" : "FAIL");
-    return passed;
-  }
-
-  std::vector<std::string> ours_;
-  std::vector<Contender> others_;
-  std::vector<double> own_;
-  std::vector<double> peak_;
-  std::vector<std::vector<double>> times_;
-};
 
 bool CompareWorkbook(const std::string& self, const std::string& path) {
   std::printf("%s\n", path.c_str());

@@ -1,5 +1,6 @@
 #include "platform/data/utf16.h"
 
+#include <algorithm>
 #include <cstddef>
 
 namespace vorlane::platform {
@@ -71,6 +72,11 @@ std::u16string Utf16Of(std::string_view utf8) {
 }
 
 void AppendUtf8(std::u16string_view utf16, std::string& out) {
+  // Most texts are ASCII from end to end.
+  if (std::all_of(utf16.begin(), utf16.end(), [](char16_t unit) { return unit < 0x80; })) {
+    out.append(utf16.begin(), utf16.end());
+    return;
+  }
   for (std::size_t i = 0; i < utf16.size(); ++i) {
     char32_t character = utf16[i];
     if (IsHigh(utf16[i]) && i + 1 < utf16.size() && IsLow(utf16[i + 1])) {

@@ -13,6 +13,8 @@
 
 #include "platform/runtime/text.h"
 #include "platform/system/text_file.h"
+#include "tests/platform/data/odbc_sources.h"
+#include "tests/platform/data/postgres_server.h"
 #include "tests/scratch_folder.h"
 
 // The built programs at their standard streams.
@@ -218,6 +220,46 @@ TEST_F(ConsoleProgram, DoesAWholeRunFromItsCommandLine) {
   EXPECT_TRUE(written.starts_with(report)) << written;
   EXPECT_TRUE(written.ends_with("\r\n" + Line("", "") + Line("", ""))) << written;
   EXPECT_FALSE(std::filesystem::exists(folder_ / "home" / kLog));
+}
+
+TEST_F(ConsoleProgram, DoesAWholeRunFromAnAccessDatabase) {
+  const std::string order = " ledgergroups '' @HOME/r.txt 127.0.0.1 @PORT POSTSILENT";
+  EXPECT_EQ(Run("MDB @DATA/access/books.mdb" + order, "panels\n"), 0);
+  EXPECT_EQ(printed_, "");
+  const std::string report = ReadWholeFile(folder_ / "home" / "r.txt");
+  EXPECT_TRUE(report.starts_with(Line("Debtors - Mumbai", "CREATED "))) << report;
+  EXPECT_NE(report.find("\r\nग्राहक" + std::string(69, ' ') + "CREATED "), std::string::npos)
+      << report;
+  EXPECT_TRUE(report.ends_with("\r\n" + Line("", ""))) << report;
+
+  // No argument is the database's password.
+  EXPECT_EQ(Run("MDB @DATA/access/locked.mdb" + order + " '' secret", ""), 0);
+  EXPECT_TRUE(printed_.find("Not a valid password.") != std::string::npos &&
+              printed_.ends_with("F01-0002() \n[Import Type]\nSelect a Import Type.\n"))
+      << printed_;
+  EXPECT_EQ(ReadWholeFile(folder_ / "home" / "r.txt"), "");
+}
+
+TEST_F(ConsoleProgram, DoesAWholeRunFromADataSource) {
+  platform::PostgresServer server;
+  if (platform::OdbcDriver("psqlodbcw.so").empty() || !server.IsRunning())
+    GTEST_SKIP() << "PostgreSQL or its ODBC driver is not installed; scripts/setup does it.";
+  platform::OdbcSources sources;
+  sources.Add("Server", "psqlodbcw.so", server.Settings());
+  ASSERT_TRUE(
+      server.Execute("create table godowns (\"Name\" text, \"Parent\" text, \"HasNoStock\" text);"
+                     "insert into godowns values ('Yard', '', 'No')"));
+  const std::string order =
+      "ODBC Server godowns '' @HOME/r.txt 127.0.0.1 @PORT POSTSILENT vorlane ";
+  EXPECT_EQ(Run(order + "secret", "panels\n"), 0);
+  EXPECT_EQ(printed_, "");
+  EXPECT_EQ(ReadWholeFile(folder_ / "home" / "r.txt"), Line("Yard", "CREATED ") + Line("", ""));
+
+  EXPECT_EQ(Run(order + "guess", ""), 0);
+  EXPECT_NE(printed_.find("password authentication failed"), std::string::npos) << printed_;
+  EXPECT_TRUE(printed_.ends_with("F01-0003() \n[Import Type]\nSelect a Import Type.\n"))
+      << printed_;
+  EXPECT_EQ(Log().find("guess"), std::string::npos);
 }
 
 TEST_F(ConsoleProgram, LogsEachFailureAndStaysAlive) {

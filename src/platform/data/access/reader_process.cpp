@@ -261,7 +261,8 @@ class Assembly {
   }
 
   void AddField(std::string_view field) {
-    if (rows_ || field.empty() || field[0] > static_cast<char>(FieldKind::Boolean)) {
+    if (rows_ || field.empty() ||
+        static_cast<unsigned char>(field[0]) > static_cast<unsigned char>(FieldKind::Boolean)) {
       throw Unexpected();
     }
     kinds_.push_back(static_cast<FieldKind>(field[0]));

@@ -51,6 +51,7 @@ class OdbcConnection : public Connection {
         environment_(MakeEnvironment()),
         connection_(SQL_HANDLE_DBC, environment_.Get()) {
     Connect(spec);
+    FetchByAndBy();
   }
 
   Recordset OpenSchema() override {
@@ -78,6 +79,7 @@ class OdbcConnection : public Connection {
  private:
   static OdbcHandle MakeEnvironment();
   void Connect(const ConnectionSpec& spec);
+  void FetchByAndBy() const;
   void ListTables();
   Recordset Read(const Query& query) const;
 
@@ -92,6 +94,7 @@ class OdbcConnection : public Connection {
   std::string OrderedQuery(const std::string& plain, const Query& query,
                            const std::string& what) const;
 
+  std::string ShortInfo(SQLUSMALLINT what) const;
   std::string QuoteMark() const;
   std::string QuotedName(const std::string& name) const;
   SQLUINTEGER Ability(SQLUSMALLINT what) const;
@@ -115,6 +118,11 @@ void OdbcConnection::Connect(const ConnectionSpec& spec) {
   ::SQLSetConnectAttrW(connection_.Get(), SQL_ATTR_LOGIN_TIMEOUT,
                        reinterpret_cast<SQLPOINTER>(kLoginSeconds), 0);
   WideText text(ConnectionString(spec));
+  if (!text.Fits()) {
+    throw Failure(failure_number::kProviderError, "ODBC",
+                  "A data source cannot be opened: its name, user and password are longer than "
+                  "the 32767 characters that ODBC takes.");
+  }
   const SQLRETURN connected =
       ::SQLDriverConnectW(connection_.Get(), nullptr, text.Data(), text.Length(), nullptr, 0,
                           nullptr, SQL_DRIVER_NOPROMPT);
@@ -123,6 +131,19 @@ void OdbcConnection::Connect(const ConnectionSpec& spec) {
   // Some drivers repeat what they were given, and failures are kept in a log.
   throw Failure(failure.Number(), failure.Source(),
                 ReplaceAll(failure.Description(), ConnectionString(spec), "DSN=" + spec.path));
+}
+
+/// PostgreSQL's driver holds a whole result before it gives the first row, beside
+/// which ours would be a second. Its own attributes turn that into a cursor.
+void OdbcConnection::FetchByAndBy() const {
+  constexpr SQLINTEGER kUseDeclareFetch = 65539;
+  constexpr SQLINTEGER kFetch = 65541;
+  // A multiple of any block of ours, or each fetch has a small one behind it.
+  constexpr std::uintptr_t kRowsAtATime = 8192;
+  if (!ShortInfo(SQL_DRIVER_NAME).starts_with("psqlodbc")) return;
+  ::SQLSetConnectAttrW(connection_.Get(), kUseDeclareFetch,
+                       reinterpret_cast<SQLPOINTER>(std::uintptr_t{1}), 0);
+  ::SQLSetConnectAttrW(connection_.Get(), kFetch, reinterpret_cast<SQLPOINTER>(kRowsAtATime), 0);
 }
 
 SQLUINTEGER OdbcConnection::Ability(SQLUSMALLINT what) const {
@@ -162,16 +183,20 @@ void OdbcConnection::ListTables() {
   }
 }
 
-std::string OdbcConnection::QuoteMark() const {
-  // The one narrow call: there is a driver that does not end this text, and the
-  // driver manager reads on when it makes it wide. The mark is ASCII.
-  std::array<char, 16> mark{};
+std::string OdbcConnection::ShortInfo(SQLUSMALLINT what) const {
+  // The one narrow call: there is a driver that does not end its texts, and the
+  // driver manager reads on when it makes them wide. These are ASCII.
+  std::array<char, 64> text{};
   SQLSMALLINT length = 0;
-  const SQLRETURN got = ::SQLGetInfo(connection_.Get(), SQL_IDENTIFIER_QUOTE_CHAR, mark.data(),
-                                     static_cast<SQLSMALLINT>(mark.size()), &length);
+  const SQLRETURN got = ::SQLGetInfo(connection_.Get(), what, text.data(),
+                                     static_cast<SQLSMALLINT>(text.size() - 1), &length);
+  return SQL_SUCCEEDED(got) ? text.data() : "";
+}
+
+std::string OdbcConnection::QuoteMark() const {
+  const std::string mark = ShortInfo(SQL_IDENTIFIER_QUOTE_CHAR).substr(0, 1);
   // A blank says that names cannot be quoted.
-  if (!SQL_SUCCEEDED(got) || mark[0] <= ' ' || mark[0] >= 0x7F) return "";
-  return {mark[0]};
+  return mark.empty() || mark[0] <= ' ' || mark[0] >= 0x7F ? "" : mark;
 }
 
 std::string OdbcConnection::QuotedName(const std::string& name) const {
@@ -198,7 +223,8 @@ bool OdbcConnection::Run(OdbcResult& result, const std::string& sql) const {
   const SQLRETURN ran = ::SQLExecDirectW(result.statement.Get(), text.Data(), SQL_NTS);
   if (!SQL_SUCCEEDED(ran)) return false;
   result.columns = ColumnsOf(result);
-  return !result.columns.empty();
+  if (!result.columns.empty()) return true;
+  throw Failure(failure_number::kProviderError, "ODBC", result.what + ": it has no columns.");
 }
 
 OdbcResult OdbcConnection::MustRun(const std::string& sql, const std::string& what) const {

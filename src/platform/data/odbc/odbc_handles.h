@@ -1,5 +1,6 @@
 #pragma once
 
+#include <climits>
 #include <span>
 #include <string>
 #include <string_view>
@@ -23,6 +24,8 @@ class WideText {
  public:
   explicit WideText(std::string_view utf8) : units_(Utf16Of(utf8)) {}
   SQLWCHAR* Data() { return reinterpret_cast<SQLWCHAR*>(units_.data()); }
+  /// False when the text is longer than a wide call can be told.
+  bool Fits() const { return units_.size() <= SHRT_MAX; }
   SQLSMALLINT Length() const { return static_cast<SQLSMALLINT>(units_.size()); }
 
  private:

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace vorlane::platform {
@@ -50,26 +52,44 @@ bool ReadWhole(const OdbcResult& result, std::size_t at, std::string& bytes) {
 /// Writes values into a table, each by what its column is.
 class CellWriter {
  public:
-  CellWriter(const OdbcResult& result, TextTable& table) : result_(result), table_(table) {}
+  CellWriter(const OdbcResult& result, TextTable& table)
+      : result_(result), table_(table), before_(result.columns.size()) {}
 
   void StartRow() { table_.AppendRow(); }
   /// Into the last row; `bytes` is the value as it came, UTF-8 or UTF-16.
   void Write(std::size_t at, std::string_view bytes) {
-    const OdbcColumn& column = result_.columns[at];
-    if (column.isWide) {
-      units_.resize(bytes.size() / sizeof(char16_t));
-      std::memcpy(units_.data(), bytes.data(), units_.size() * sizeof(char16_t));
-      text_.clear();
-      AppendUtf8(units_, text_);
-      bytes = text_;
+    const std::size_t row = table_.Rows() - 1;
+    // The rows of a voucher repeat its type, number and date.
+    Before& before = before_[at];
+    if (before.row < row && before.bytes == bytes) {
+      table_.ShareCell(before.row, at, row, at);
+      return;
     }
-    table_.Set(table_.Rows() - 1, at, OdbcText(column.value, bytes, room_));
+    before.bytes.assign(bytes);
+    before.row = row;
+    table_.Set(row, at, OdbcText(result_.columns[at].value, Utf8(at, bytes), room_));
   }
   std::size_t Rows() const { return table_.Rows(); }
 
  private:
+  /// A column's last value as it came, and the row that has it.
+  struct Before {
+    std::string bytes;
+    std::size_t row = SIZE_MAX;
+  };
+
+  std::string_view Utf8(std::size_t at, std::string_view bytes) {
+    if (!result_.columns[at].isWide) return bytes;
+    units_.resize(bytes.size() / sizeof(char16_t));
+    std::memcpy(units_.data(), bytes.data(), units_.size() * sizeof(char16_t));
+    text_.clear();
+    AppendUtf8(units_, text_);
+    return text_;
+  }
+
   const OdbcResult& result_;
   TextTable& table_;
+  std::vector<Before> before_;
   std::u16string units_;
   std::string text_;
   std::string room_;
@@ -132,6 +152,7 @@ class RowBlock {
     constexpr std::size_t kBlockSize = 256 * 1024;
     constexpr std::size_t kMostRows = 256;
     rows_ = std::clamp<std::size_t>(kBlockSize / std::max<std::size_t>(rowWidth, 1), 1, kMostRows);
+    rows_ = std::bit_floor(rows_);
     // A driver without blocks gives one row at a time.
     if (rows_ > 1 && !SetAttribute(SQL_ATTR_ROW_ARRAY_SIZE, reinterpret_cast<SQLPOINTER>(rows_))) {
       rows_ = 1;
