@@ -27,7 +27,7 @@ const std::vector<Layer>& Layers() {
       {"platform/runtime",  {}, {"glib.h"}},
       {"platform/system",   {"platform/runtime"}, {}},
       {"platform/settings", {"platform/runtime", "platform/system"}, {}},
-      {"platform/script",   {"platform/runtime"}, {}},
+      {"platform/script",   {"platform/runtime", "platform/system"}, {}},
       {"platform/xml",      {"platform/runtime"}, {"libxml/"}},
       {"platform/http",     {"platform/runtime", "platform/system"}, {"curl/"}},
       {"platform/data",     {"platform/runtime", "platform/system", "platform/xml"},

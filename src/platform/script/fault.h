@@ -16,6 +16,7 @@ struct Fault {
 };
 
 // While the text is read.
+inline constexpr Fault kExpressionTooLong{1001, "Out of memory"};
 inline constexpr Fault kSyntaxError{1002, "Syntax error"};
 inline constexpr Fault kExpectedClose{1006, "Expected ')'"};
 inline constexpr Fault kExpectedCloseSquare{1007, "Expected ']'"};
@@ -29,10 +30,10 @@ inline constexpr Fault kUnterminatedText{1033, "Unterminated string constant"};
 // While it is computed.
 inline constexpr Fault kInvalidCall{5, "Invalid procedure call or argument"};
 inline constexpr Fault kOverflow{6, "Overflow"};
-inline constexpr Fault kOutOfMemory{7, "Out of memory"};
 inline constexpr Fault kSubscript{9, "Subscript out of range"};
 inline constexpr Fault kDivisionByZero{11, "Division by zero"};
 inline constexpr Fault kTypeMismatch{13, "Type mismatch"};
+inline constexpr Fault kOutOfTextSpace{14, "Out of string space"};
 inline constexpr Fault kOutOfStack{28, "Out of stack space"};
 inline constexpr Fault kObjectNotSet{91, "Object variable not set"};
 inline constexpr Fault kInvalidNull{94, "Invalid use of Null"};

@@ -12,7 +12,8 @@ namespace {
 std::vector<FunctionRow> SortedFunctions() {
   std::vector<FunctionRow> rows;
   for (const std::span<const FunctionRow> some :
-       {TextFunctions(), NumberFunctions(), FormatFunctions(), DateFunctions(), TypeFunctions()}) {
+       {TextFunctions(), SearchFunctions(), NumberFunctions(), FormatFunctions(), DateFunctions(),
+        TypeFunctions()}) {
     rows.insert(rows.end(), some.begin(), some.end());
   }
   std::ranges::sort(rows, {}, &FunctionRow::name);
@@ -57,12 +58,11 @@ std::int32_t Arguments::LongBetween(std::size_t at, std::int32_t least, std::int
 }
 
 std::size_t Arguments::Size(std::size_t at, std::int32_t least) const {
-  return static_cast<std::size_t>(
-      LongBetween(at, least, std::numeric_limits<std::int32_t>::max()));
+  return static_cast<std::size_t>(LongBetween(at, least, std::numeric_limits<std::int32_t>::max()));
 }
 
 void Arguments::FailCall() const { Raise(kInvalidCall, name_); }
-void Arguments::FailMemory() const { Raise(kOutOfMemory, name_); }
+void Arguments::FailSpace() const { Raise(kOutOfTextSpace, name_); }
 void Arguments::FailType() const { Raise(kTypeMismatch, name_); }
 
 }  // namespace vorlane::platform::script

@@ -43,9 +43,7 @@ class Arguments {
 
   /// How many were written, those left out between commas included.
   std::size_t Count() const { return values_.size(); }
-  bool Has(std::size_t at) const {
-    return at < values_.size() && !values_[at].Is(Kind::Missing);
-  }
+  bool Has(std::size_t at) const { return at < values_.size() && !values_[at].Is(Kind::Missing); }
   bool IsNull(std::size_t at) const { return at < values_.size() && values_[at].Is(Kind::Null); }
   const Value& operator[](std::size_t at) const { return values_[at]; }
   /// The argument itself; it is gone afterwards.
@@ -74,7 +72,7 @@ class Arguments {
   std::string_view Name() const { return name_; }
   const DateTime& Now() const { return present_.Now(); }
   [[noreturn]] void FailCall() const;
-  [[noreturn]] void FailMemory() const;
+  [[noreturn]] void FailSpace() const;
   [[noreturn]] void FailType() const;
 
  private:
@@ -102,6 +100,7 @@ const FunctionRow* FindFunction(const FoldedWord& name);
 
 // Each file's own functions; FindFunction knows all of them.
 std::span<const FunctionRow> TextFunctions();
+std::span<const FunctionRow> SearchFunctions();
 std::span<const FunctionRow> NumberFunctions();
 std::span<const FunctionRow> FormatFunctions();
 std::span<const FunctionRow> DateFunctions();

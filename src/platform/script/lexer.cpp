@@ -208,8 +208,8 @@ void Lexer::TakePrefixedNumber(Token& token) {
   at_ = first;
   SkipWhile(isHex ? IsHexDigit : IsOctalDigit);
   std::uint32_t bits = 0;
-  const auto read = std::from_chars(expression_.data() + first, expression_.data() + at_, bits,
-                                    isHex ? 16 : 8);
+  const auto read =
+      std::from_chars(expression_.data() + first, expression_.data() + at_, bits, isHex ? 16 : 8);
   if (read.ec != std::errc{}) RaiseAt(kInvalidNumber, expression_, token.at);
   token.kind = TokenKind::Literal;
   // Up to FFFF it is a 16-bit number with a sign, so &HFFFF is -1; an & behind

@@ -15,7 +15,7 @@ namespace vorlane::platform::script {
 /// result there.
 struct Step {
   enum class Kind : std::uint8_t {
-    Push,         ///< the constant with number `constant`
+    Push,  ///< the constant with number `constant`
     Negate,
     Not,
     Binary,       ///< by `op`

@@ -12,10 +12,10 @@ struct KindRow {
 };
 
 // In the order of the kinds.
-constexpr KindRow kKinds[] = {
-    {"Empty", 0},    {"Null", 1},    {"Nothing", 9}, {"Error", 10},      {"Boolean", 11},
-    {"Byte", 17},    {"Integer", 2}, {"Long", 3},    {"Single", 4},      {"Double", 5},
-    {"Currency", 6}, {"Date", 7},    {"String", 8},  {"Variant()", 8204}};
+constexpr KindRow kKinds[] = {{"Empty", 0},    {"Null", 1},        {"Nothing", 9},  {"Error", 10},
+                              {"Boolean", 11}, {"Byte", 17},       {"Integer", 2},  {"Long", 3},
+                              {"Single", 4},   {"Double", 5},      {"Currency", 6}, {"Date", 7},
+                              {"String", 8},   {"Variant()", 8204}};
 
 const KindRow& RowOf(const Value& value) {
   return kKinds[static_cast<std::size_t>(value.GetKind())];

@@ -28,7 +28,7 @@ struct Date {
 };
 
 class Value;
-using Array = std::vector<Value>;
+using Values = std::vector<Value>;
 
 /// In the order of the alternatives of a Value.
 enum class Kind : std::uint8_t {
@@ -52,19 +52,18 @@ enum class Kind : std::uint8_t {
 /// what every unknown name is.
 class Value {
  public:
-  using Storage =
-      std::variant<std::monostate, Null, Nothing, Missing, bool, std::uint8_t, std::int16_t,
-                   std::int32_t, float, double, Currency, Date, std::string,
-                   std::shared_ptr<const Array>>;
+  using Storage = std::variant<std::monostate, Null, Nothing, Missing, bool, std::uint8_t,
+                               std::int16_t, std::int32_t, float, double, Currency, Date,
+                               std::string, std::shared_ptr<const Values>>;
 
   Value() = default;
   /// Takes the types of the storage and no others, so that no number changes
   /// its kind unnoticed.
   template <typename T>
-    requires std::is_constructible_v<Storage, std::in_place_type_t<T>, T>
-  Value(T value) : storage_(std::in_place_type<T>, std::move(value)) {}
+  requires std::is_constructible_v<Storage, std::in_place_type_t<T>, T> Value(T value)
+      : storage_(std::in_place_type<T>, std::move(value)) {}
   explicit Value(std::string_view text) : storage_(std::in_place_type<std::string>, text) {}
-  explicit Value(Array items) : storage_(std::make_shared<const Array>(std::move(items))) {}
+  explicit Value(Values items) : storage_(std::make_shared<const Values>(std::move(items))) {}
 
   Kind GetKind() const { return static_cast<Kind>(storage_.index()); }
   bool Is(Kind kind) const { return GetKind() == kind; }
@@ -80,7 +79,7 @@ class Value {
   }
   const std::string& Text() const { return As<std::string>(); }
   /// REQUIRES: an array.
-  const Array& Items() const { return *As<std::shared_ptr<const Array>>(); }
+  const Values& Items() const { return *As<std::shared_ptr<const Values>>(); }
 
  private:
   Storage storage_;

@@ -8,11 +8,11 @@ namespace {
 
 // In the order of the operators.
 constexpr Binding kBindings[] = {
-    Binding::Imp,         Binding::Eqv,        Binding::Xor,           Binding::Or,
-    Binding::And,         Binding::Not,        Binding::Comparison,    Binding::Comparison,
-    Binding::Comparison,  Binding::Comparison, Binding::Comparison,    Binding::Comparison,
-    Binding::Comparison,  Binding::Concatenate, Binding::Sum,          Binding::Sum,
-    Binding::Modulo,      Binding::IntegerDivide, Binding::Product,    Binding::Product,
+    Binding::Imp,        Binding::Eqv,           Binding::Xor,        Binding::Or,
+    Binding::And,        Binding::Not,           Binding::Comparison, Binding::Comparison,
+    Binding::Comparison, Binding::Comparison,    Binding::Comparison, Binding::Comparison,
+    Binding::Comparison, Binding::Concatenate,   Binding::Sum,        Binding::Sum,
+    Binding::Modulo,     Binding::IntegerDivide, Binding::Product,    Binding::Product,
     Binding::Power,
 };
 
@@ -88,10 +88,9 @@ static_assert(std::ranges::is_sorted(kWords, {}, &WordRow::name));
 Binding BindingOf(Operator op) { return kBindings[static_cast<std::size_t>(op)]; }
 
 FoldedWord::FoldedWord(std::string_view word) : length_(std::min(word.size(), kLongest)) {
-  std::transform(word.begin(), word.begin() + static_cast<std::ptrdiff_t>(length_),
-                 letters_.begin(), [](char c) {
-                   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-                 });
+  std::transform(
+      word.begin(), word.begin() + static_cast<std::ptrdiff_t>(length_), letters_.begin(),
+      [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
 }
 
 Word FindWord(const FoldedWord& word) {
