@@ -45,7 +45,7 @@ void AppendCharacter(char32_t character, std::string& out) {
     return;
   }
   const int more = character < 0x800 ? 1 : character < 0x10000 ? 2 : 3;
-  const auto lead = static_cast<unsigned char>(0xF00 >> more);
+  const auto lead = static_cast<unsigned char>(0xFF00 >> (more + 1));
   out.push_back(static_cast<char>(lead | (character >> (6 * more))));
   for (int rest = more - 1; rest >= 0; --rest) {
     out.push_back(static_cast<char>(0x80 | ((character >> (6 * rest)) & 0x3F)));

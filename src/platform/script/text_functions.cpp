@@ -78,6 +78,7 @@ Value Shortened(Arguments& arguments) {
 
 std::string Repeat(Arguments& arguments, std::string_view piece, std::size_t count) {
   if (count > kLongestText / piece.size()) arguments.FailSpace();
+  if (piece.size() == 1) return std::string(count, piece.front());
   std::string text;
   text.reserve(piece.size() * count);
   for (; count > 0; --count) text.append(piece);
