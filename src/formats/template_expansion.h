@@ -19,7 +19,7 @@ namespace vorlane::formats {
 inline constexpr int kDeepestGroup = 200;
 /// How many groups one row may give: groups that hold each other twice double
 /// with every level.
-inline constexpr std::size_t kMostGroups = 100'000;
+inline constexpr std::size_t kMostGroups = 20'000;
 
 /// Turns the rows of a format into XML, for one row of the grid after the other.
 /// The tables are read afresh at each call.

@@ -41,7 +41,7 @@ const std::vector<Layer>& Layers() {
       {"vouchers",          {"platform/runtime", "platform/xml", "errors", "gateway", "staging"}, {}},
       {"masters",           {"platform/runtime", "platform/xml", "errors", "gateway", "form"}, {}},
       // The list builders and the loaders ask for the custom formats, so these stand below.
-      {"formats",           {"platform/runtime", "platform/script", "platform/xml", "errors",
+      {"formats",           {"platform/runtime", "platform/system", "platform/script", "platform/xml", "errors",
                              "gateway", "staging", "form", "masters"}, {}},
       {"sources",           {"platform/runtime", "platform/data", "errors", "staging", "form",
                              "formats"}, {}},

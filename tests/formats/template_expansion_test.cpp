@@ -220,7 +220,7 @@ TEST_F(TemplateExpansionTest, CirclesAndExcessesEndInAFailure) {
       tables_.Group("G" + std::to_string(i) + "|G" + std::to_string(i + 1) + set);
     }
   }
-  EXPECT_TRUE(FailureOfExpand().Description().starts_with("A row gives more than 100000 groups"));
+  EXPECT_TRUE(FailureOfExpand().Description().starts_with("A row gives more than 20000 groups"));
 }
 
 TEST_F(TemplateExpansionTest, CellsThatMultiplyEachOtherAreStopped) {

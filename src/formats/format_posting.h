@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "form/import_form.h"
+
+namespace vorlane::formats {
+
+/// What a format gives a tag for a row, asked before there is a document: the
+/// fixed value, else the cell of the column that the first row of that tag
+/// names, as it stands. Expressions and markers beyond one `{#n}` are not
+/// looked at. Empty when the format has no such tag. Fails when the source lacks
+/// the column.
+std::string GetFieldValue(form::ImportForm& importForm, std::string_view groupName,
+                          std::string_view tagName, std::int32_t format, std::size_t row);
+
+/// Writes and sends a document for one row by the format that the import type
+/// names, its blanks left out. Gives Tally's digest; empty after a failure,
+/// which has been reported under C03-0006: it costs this row alone.
+std::string CustomRowPost(form::ImportForm& importForm, const std::string& companyName,
+                          std::size_t row);
+
+/// The loops that post vouchers by the format that the import type names, as it
+/// stands. Rows of one key make a document, and it is sent when the next key
+/// comes. A failure is reported under F01-0023 and ends the loop, with the
+/// document in hand unsent; a refusal by Tally does not.
+///
+/// The first takes the key from what the format gives VOUCHERTYPENAME,
+/// VOUCHERNUMBER and DATE, the second from the columns VCHTYPE, VCHNO and
+/// VCHDATE; a column ID takes the place of both.
+void PostCustomFormat(form::ImportForm& importForm);
+void PostTransactionGST(form::ImportForm& importForm);
+
+}  // namespace vorlane::formats
