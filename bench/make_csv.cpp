@@ -9,6 +9,7 @@
 #include <stdexcept>
 #include <string_view>
 #include <system_error>
+#include <vector>
 
 #include "bench/child_process.h"
 
@@ -140,6 +141,92 @@ std::uint64_t WriteCsv(const std::string& path, std::string text, std::uint64_t 
   return size;
 }
 
+void AppendLedgerRow(std::uint64_t serial, std::string& line) {
+  const std::string number = std::to_string((serial + 2) / 3);
+  const bool isFirst = serial % 3 == 1;
+  if (isFirst) line += "Customer " + number;
+  AppendField(line, isFirst ? "Sundry Debtors" : "");
+  AppendField(line, isFirst ? "Yes" : "");
+  AppendField(line, isFirst ? "Shop " + number + ", Market Yard" : "");
+  AppendField(line, isFirst ? "Pune" : "");
+  AppendField(line, isFirst ? "Maharashtra" : "");
+  AppendField(line, isFirst ? "411037" : "");
+  AppendField(line, "31-03-2025");
+  AppendField(line, "BILL/" + std::to_string(serial));
+  AppendField(line, "30 Days");
+  AppendField(line, "-" + std::to_string(100 + serial % 9000) + ".50");
+  line += "\r\n";
+}
+
+/// An item of an invoice sells for 5000 plus its own number; the tax is a tenth.
+void AppendVatRow(std::uint64_t serial, std::string& line) {
+  const std::string number = std::to_string((serial + 3) / 4);
+  const std::uint64_t row = (serial - 1) % 4;
+  const std::string item = std::to_string(serial % 500);
+  line += std::to_string(serial);
+  for (const std::string& text : {"INV-" + number, std::string("Sales"), "INV/" + number}) {
+    AppendField(line, text);
+  }
+  AppendField(line, "05-04-2024");
+  AppendField(line, "PO-" + number);
+  AppendField(line, row == 0 ? "Goods sold against the order of the buyer" : "");
+  constexpr std::array<std::string_view, 4> kLedgersOfRow = {
+      "Sharma & Sons, Mumbai", "Sales VAT 10%", "Sales VAT 10%", "Output VAT 10%"};
+  constexpr std::array<std::string_view, 4> kCredits = {"", "5000", "5000", "1000"};
+  AppendField(line, kLedgersOfRow[row]);
+  AppendField(line, row == 0 ? "11000" : "");
+  AppendField(line, kCredits[row]);
+  AppendField(line, row == 0 ? "New Ref" : "");
+  AppendField(line, row == 0 ? "INV/" + number : "");
+  AppendField(line, row == 0 ? "30 Days" : "");
+  AppendField(line, row == 0 ? "11000" : "");
+  const bool isStock = row == 1 || row == 2;
+  AppendField(line, isStock ? "Item " + item : "");
+  AppendField(line, isStock ? "50" : "");
+  AppendField(line, isStock ? "Nos" : "");
+  AppendField(line, isStock ? "100" : "");
+  AppendField(line, isStock ? "Main Location" : "");
+  line += "\r\n";
+}
+
+constexpr int kRegisterAmounts = 8;  // the total and what it consists of
+
+void AppendRegisterRow(std::uint64_t serial, std::string& line) {
+  const std::string number = std::to_string(serial);
+  line += "05-04-2024,Sales,REG-" + number + ",R/" + number + ",PO-" + number;
+  AppendField(line, "Sharma & Sons, Mumbai");
+  AppendField(line, "New Ref");
+  AppendField(line, "R/" + number);
+  AppendField(line, "30 Days");
+  AppendField(line, "7000");
+  AppendField(line, "7000");
+  for (int part = 1; part < kRegisterAmounts; ++part) AppendField(line, "1000");
+  AppendField(line, "Goods sold against the order of the buyer");
+  line += "\r\n";
+}
+
+void AppendMapRow(std::uint64_t serial, std::string& line) {
+  const std::string part = std::to_string(serial - 1);
+  line += serial == 1 ? "TotalAmount,Auto,Dr,1"
+                      : "Part" + part + ",Sales Part " + part + ",Cr," + std::to_string(serial);
+  line += "\r\n";
+}
+
+struct SheetSource {
+  std::string name;
+  std::string csv;
+};
+
+/// Puts the CSV files, which are then gone, into a workbook as its sheets.
+std::uint64_t MakeWorkbook(const std::string& path, const std::vector<SheetSource>& sheets) {
+  std::vector<std::string> command{"/usr/bin/python3", BENCH_FOLDER "/make_workbook.py", path};
+  for (const SheetSource& sheet : sheets) command.insert(command.end(), {sheet.csv, sheet.name});
+  const Measured made = RunChild(command);
+  for (const SheetSource& sheet : sheets) std::filesystem::remove(sheet.csv);
+  if (!made.succeeded) throw std::runtime_error("The workbook was not made; is xlwt installed?");
+  return std::filesystem::file_size(path);
+}
+
 }  // namespace
 
 std::uint64_t WriteTransactionsCsv(const std::string& path, std::uint64_t rows) {
@@ -161,11 +248,7 @@ std::uint64_t WriteVouchersCsv(const std::string& path, std::uint64_t rows) {
 std::uint64_t WriteVouchersXls(const std::string& path, std::uint64_t rows) {
   const std::string csv = path + ".csv";
   WriteVouchersCsv(csv, rows);
-  const Measured made =
-      RunChild({"/usr/bin/python3", BENCH_FOLDER "/make_workbook.py", csv, path, "TRANSACTIONS"});
-  std::filesystem::remove(csv);
-  if (!made.succeeded) throw std::runtime_error("The workbook was not made; is xlwt installed?");
-  return std::filesystem::file_size(path);
+  return MakeWorkbook(path, {{"TRANSACTIONS", csv}});
 }
 
 std::uint64_t WriteLedgerGroupsCsv(const std::string& path, std::uint64_t rows) {
@@ -178,6 +261,35 @@ std::uint64_t WriteLedgerGroupsCsv(const std::string& path, std::uint64_t rows) 
                     AppendField(line, serial % 2 == 0 ? "Yes" : "No");
                     line += "\r\n";
                   });
+}
+
+std::uint64_t WriteLedgersCsv(const std::string& path, std::uint64_t rows) {
+  return WriteCsv(path,
+                  "Name,Parent,BillWiseOn,Address1,Address2,State,PinCode,OpeningBillDate,"
+                  "OpeningName,OpeningCreditPeriod,OpeningBalance\r\n",
+                  rows + 1, [&](std::uint64_t serial, std::string& line) {
+                    if (serial <= rows) return AppendLedgerRow(serial, line);
+                    line += "END,,,,,,,,,,\r\n";
+                  });
+}
+
+std::uint64_t WriteVatCsv(const std::string& path, std::uint64_t rows) {
+  return WriteCsv(
+      path,
+      "SrNo,ID,VchType,VchNo,VchDate,RefNo,Narration,Ledger,Debit,Credit,AdjMethod,AdjName,"
+      "AdjDate,AdjAmount,ItemName,Quantity,Unit,Rate,GodownName\r\n",
+      rows, AppendVatRow);
+}
+
+std::uint64_t WriteRegisterXls(const std::string& path, std::uint64_t rows) {
+  std::string header =
+      "VchDate,VchType,ID,VchNo,RefNo,Ledger,AdjMethod,AdjName,AdjDate,AdjAmount,TotalAmount";
+  for (int part = 1; part < kRegisterAmounts; ++part) header += ",Part" + std::to_string(part);
+  WriteCsv(path + ".csv", header + ",Narration\r\n", rows, AppendRegisterRow);
+  WriteCsv(path + ".map.csv", "ColumnName,LedgerName,LedgerSign,Order\r\n", kRegisterAmounts,
+           AppendMapRow);
+  return MakeWorkbook(
+      path, {{"VOUCHERREGISTER", path + ".csv"}, {"VOUCHERREGISTERMap", path + ".map.csv"}});
 }
 
 }  // namespace vorlane::bench

@@ -24,4 +24,16 @@ std::uint64_t WriteVouchersXls(const std::string& path, std::uint64_t rows);
 /// Writes LEDGER GROUPS rows likewise: every third has an alias, each its parent.
 std::uint64_t WriteLedgerGroupsCsv(const std::string& path, std::uint64_t rows);
 
+/// Writes LEDGERS rows likewise, three to a ledger, each with an opening bill, and
+/// the closing row that the last ledger needs; `rows` counts all but that one.
+std::uint64_t WriteLedgersCsv(const std::string& path, std::uint64_t rows);
+
+/// Writes VATTRANSACTIONS rows likewise, four to an invoice: the party with its
+/// bill, two stock lines, and the tax.
+std::uint64_t WriteVatCsv(const std::string& path, std::uint64_t rows);
+
+/// Writes an .xls workbook with the sheets VOUCHERREGISTER, of 8 amount columns,
+/// and its map. Needs python3 like WriteVouchersXls.
+std::uint64_t WriteRegisterXls(const std::string& path, std::uint64_t rows);
+
 }  // namespace vorlane::bench

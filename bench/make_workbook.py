@@ -1,7 +1,7 @@
 #!/usr/bin/python3
-"""Makes an .xls workbook of a CSV file, numbers and dates in cells of their kind.
+"""Makes an .xls workbook of CSV files, numbers and dates in cells of their kind.
 
-    make_workbook.py FILE.csv FILE.xls SHEET
+    make_workbook.py FILE.xls FILE.csv SHEET [FILE.csv SHEET ...]
 """
 
 import csv
@@ -24,13 +24,14 @@ def write_cell(sheet, row, column, text):
 
 
 def main():
-    source, target, name = sys.argv[1:]
+    target, *sources = sys.argv[1:]
     book = xlwt.Workbook(encoding="utf-8")
-    sheet = book.add_sheet(name)
-    with open(source, encoding="utf-8", newline="") as file:
-        for row, cells in enumerate(csv.reader(file)):
-            for column, text in enumerate(cells):
-                write_cell(sheet, row, column, text)
+    for source, name in zip(sources[::2], sources[1::2]):
+        sheet = book.add_sheet(name)
+        with open(source, encoding="utf-8", newline="") as file:
+            for row, cells in enumerate(csv.reader(file)):
+                for column, text in enumerate(cells):
+                    write_cell(sheet, row, column, text)
     book.save(target)
 
 

@@ -8,6 +8,7 @@
 
 #include "practice/names.h"
 #include "practice/nodes.h"
+#include "practice/references.h"
 #include "practice/vouchers.h"
 
 namespace vorlane::practice {
@@ -41,19 +42,15 @@ struct Result {
 
 Result Refused(std::string lineError) { return {Outcome::Created, {std::move(lineError)}}; }
 
-std::string DoesNotExist(const MasterKind& kind, std::string_view name) {
-  return std::string(kind.noun) + " '" + std::string(name) + "' does not exist!";
-}
-
 bool IsNeeded(Need need, const XmlNode& object) {
   if (need != Need::IfCompound) return need == Need::Required;
   return SameName(ChildText(object, "ISSIMPLEUNIT").value_or("Yes"), "No");
 }
 
-// The line that names the first master which `object` refers to in vain; empty
-// when all are there.
-std::string FindMissingReference(const XmlNode& object, const MasterKind& kind, bool isNew,
-                                 const CompanyBooks& company) {
+// The lines that name the masters which `object` refers to in vain: the first of
+// its own, or else all of its lists.
+std::vector<std::string> FindMissingReferences(const XmlNode& object, const MasterKind& kind,
+                                               bool isNew, const CompanyBooks& company) {
   for (const Reference& reference : kind.references) {
     if (reference.tag.empty()) break;
     const std::optional<std::string> text = ChildText(object, reference.tag);
@@ -62,9 +59,9 @@ std::string FindMissingReference(const XmlNode& object, const MasterKind& kind, 
     const std::string name = WithoutReservedMark(text.value_or(""));
     const bool none = name.empty() || SameName(name, "Not Applicable");
     if (none ? IsNeeded(reference.need, object) : company.Find(reference.kind, name) == nullptr)
-      return DoesNotExist(RowOf(reference.kind), name);
+      return {DoesNotExist(reference.kind, name)};
   }
-  return {};
+  return FindMissingInLists(object, company);
 }
 
 Result ImportMaster(const XmlNode& object, const MasterKind& kind, CompanyBooks& company) {
@@ -77,13 +74,13 @@ Result ImportMaster(const XmlNode& object, const MasterKind& kind, CompanyBooks&
   const std::string action = FoldName(object.Attribute("ACTION").value_or("Create"));
   const Master* known = company.Find(kind.kind, name);
   if (action == "delete") {
-    if (known == nullptr) return Refused(DoesNotExist(kind, name));
+    if (known == nullptr) return Refused(DoesNotExist(kind.kind, name));
     company.Remove(kind.kind, name);
     return {Outcome::Deleted, {}};
   }
 
-  std::string missing = FindMissingReference(object, kind, known == nullptr, company);
-  if (!missing.empty()) return Refused(std::move(missing));
+  std::vector<std::string> missing = FindMissingReferences(object, kind, known == nullptr, company);
+  if (!missing.empty()) return {Outcome::Created, std::move(missing)};
   Master master = known == nullptr ? Master{name, {}, {}} : *known;
   if (action == "alter" && !ownName.empty()) master.name = ownName;
   if (names.size() > 1) master.alias = names[1];

@@ -6,30 +6,14 @@
 
 #include "platform/runtime/date.h"
 #include "practice/amounts.h"
-#include "practice/names.h"
 #include "practice/nodes.h"
+#include "practice/references.h"
 
 namespace vorlane::practice {
 namespace {
 
 using platform::NodeType;
 using platform::XmlNode;
-
-// What a voucher refers to, wherever in it the list stands.
-struct VoucherReference {
-  std::string_view list;
-  std::string_view tag;
-  Kind kind;
-  Need need;
-};
-
-constexpr VoucherReference kReferences[] = {
-    {"LEDGERENTRIES.LIST", "LEDGERNAME", Kind::Ledger, Need::Required},
-    {"ALLLEDGERENTRIES.LIST", "LEDGERNAME", Kind::Ledger, Need::Required},
-    {"ACCOUNTINGALLOCATIONS.LIST", "LEDGERNAME", Kind::Ledger, Need::Required},
-    {"CATEGORYALLOCATIONS.LIST", "CATEGORY", Kind::CostCategory, Need::Optional},
-    {"COSTCENTREALLOCATIONS.LIST", "NAME", Kind::CostCentre, Need::Required},
-};
 
 // The lists whose AMOUNT is a side of the voucher; all other lists divide up an
 // amount that counts already.
@@ -53,21 +37,24 @@ class VoucherCheck {
   void CheckHead(const XmlNode& voucher) {
     std::string type = ChildText(voucher, "VOUCHERTYPENAME").value_or("");
     if (type.empty()) type = voucher.Attribute("VCHTYPE").value_or("");
-    CheckReference(Kind::VoucherType, type, Need::Required);
+    type = WithoutReservedMark(std::move(type));
+    if (company_.Find(Kind::VoucherType, type) == nullptr)
+      Add(DoesNotExist(Kind::VoucherType, type));
     CheckDate(ChildText(voucher, "DATE").value_or(""));
   }
 
-  void CheckLists(const XmlNode& node) {
+  void CheckReferences(const XmlNode& voucher) {
+    for (std::string& line : FindMissingInLists(voucher, company_)) Add(std::move(line));
+  }
+
+  void AddSides(const XmlNode& node) {
     for (const XmlNode* child : node.Children()) {
       if (child->Type() != NodeType::Element) continue;
       const std::string list = child->NodeName();
       if (!list.ends_with(".LIST")) continue;
-      for (const VoucherReference& row : kReferences)
-        if (list == row.list)
-          CheckReference(row.kind, ChildText(*child, row.tag).value_or(""), row.need);
       for (const auto& [name, side] : kSides)
         if (list == name) AddSide(*child, side);
-      CheckLists(*child);
+      AddSides(*child);
     }
   }
 
@@ -83,12 +70,6 @@ class VoucherCheck {
   void Add(std::string line) {
     if (std::find(faults_.begin(), faults_.end(), line) == faults_.end())
       faults_.push_back(std::move(line));
-  }
-
-  void CheckReference(Kind kind, std::string text, Need need) {
-    const std::string name = WithoutReservedMark(std::move(text));
-    if (name.empty() ? need == Need::Optional : company_.Find(kind, name) != nullptr) return;
-    Add(std::string(RowOf(kind).noun) + " '" + name + "' does not exist!");
   }
 
   void CheckDate(const std::string& date);
@@ -152,7 +133,8 @@ void VoucherCheck::AddSide(const XmlNode& line, Side side) {
 std::vector<std::string> FindVoucherFaults(const XmlNode& voucher, const CompanyBooks& company) {
   VoucherCheck check(company);
   check.CheckHead(voucher);
-  check.CheckLists(voucher);
+  check.CheckReferences(voucher);
+  check.AddSides(voucher);
   return check.Finish();
 }
 

@@ -1,15 +1,14 @@
 #!/usr/bin/python3
 """Makes the sample workbooks beside this file, and a seed for the practice
-gateway, from the tables below and in voucher_tables.py.
+gateway, from the tables below and in the modules beside it.
 
     samples/make_samples.py [FOLDER]
 
 Needs xlwt (Debian: python3-xlwt). The workbooks are committed, so only somebody
 who changes a table needs it. The same tables give the same bytes.
 
-A table is written as it reads: the first line names the columns, "|" parts the
-cells, an empty line is an empty row of the sheet. A number without leading zeros
-becomes a number cell, dd-mm-yyyy a date cell, any other a text cell.
+How a table is written stands in tables.py. A number without leading zeros becomes a
+number cell, dd-mm-yyyy a date cell, any other a text cell.
 """
 
 import datetime
@@ -21,7 +20,11 @@ from xml.sax.saxutils import escape, quoteattr
 import xlwt
 
 sys.dont_write_bytecode = True  # the folder holds samples and nothing else
+import inventory_voucher_tables as inventory
+import item_tables as items
+import register_tables as registers
 import voucher_tables as vouchers
+from tables import rows_of
 
 LEDGERGROUPS = """
 Name                 | NameAlias        | Parent                   | SubLedger
@@ -126,6 +129,27 @@ WORKBOOKS = {
         "STTDSTRANSACTIONS": vouchers.STTDSTRANSACTIONS,
         "COSTTRANSACTIONS": vouchers.COSTTRANSACTIONS,
     },
+    "ledgers-and-items.xls": {
+        "LEDGERS": items.LEDGERS,
+        "STOCKITEMS": items.STOCKITEMS,
+    },
+    "inventory-vouchers.xls": {
+        "VATTRANSACTIONS": inventory.VATTRANSACTIONS,
+        "VATTRANSACTIONSMC": inventory.VATTRANSACTIONSMC,
+        "ITEMTRANSACTIONS": inventory.ITEMTRANSACTIONS,
+        "ORDERS": inventory.ORDERS,
+        "NOTES": inventory.NOTES,
+        "STOCKJV": inventory.STOCKJV,
+        "PHYSICALSTOCK": inventory.PHYSICALSTOCK,
+        "CRDRNOTES": inventory.CRDRNOTES,
+        "ATTENDANCE": inventory.ATTENDANCE,
+    },
+    "register.xls": {
+        "SALEREGISTER": registers.SALEREGISTER,
+        "SALEREGISTERMap": registers.SALEREGISTER_MAP,
+        "VOUCHERREGISTER": registers.VOUCHERREGISTER,
+        "VOUCHERREGISTERMap": registers.VOUCHERREGISTER_MAP,
+    },
 }
 
 HEADER = xlwt.easyxf("font: bold on")
@@ -140,11 +164,6 @@ SEED = [
     ("COSTCATEGORY", COSTCATEGORIES),
     ("COSTCENTRE", COSTCENTRES),
 ]
-
-
-def rows_of(table):
-    for line in table.strip("\n").split("\n"):
-        yield [cell.strip() for cell in line.split("|")]
 
 
 def write_cell(sheet, row, column, text):

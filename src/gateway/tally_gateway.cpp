@@ -12,6 +12,10 @@
 
 namespace vorlane::gateway {
 
+namespace {
+constexpr std::string_view kWhereSend = "C02-0001";
+}
+
 std::string TallyGateway::GatewayUrl() const {
   const auto [server, port] = settings_.ReadAll(kConfigSection, {kServerAddress, kPortNo});
   return "http://" + server + ":" + port;
@@ -36,19 +40,43 @@ std::string RewriteReservedValues(std::string xmlText) {
 
 std::string TallyGateway::SendToGateway(std::string& xmlText) {
   std::string digest;
-  errors::Trap(reporter_, "C02-0001", [&] {
-    platform::HttpRequest request(limits_);
-    request.Open("POST", GatewayUrl());
+  errors::Trap(reporter_, kWhereSend, [&] {
+    platform::HttpRequest request = NewRequest();
     xmlText = RewriteReservedValues(std::move(xmlText));
     platform::XmlDocument document;
     // A text that does not parse leaves the document empty: the box comes from
     // NormalizeDocument, and the empty document is sent all the same.
     document.LoadXml(xmlText);
-    NormalizeDocument(document, reporter_);
-    request.Send(document.Xml());
-    digest = ParseImportResult(request.ResponseText(), reporter_);
+    digest = Exchange(request, document);
   });
   return digest;
+}
+
+std::string TallyGateway::SendToGateway(platform::XmlDocument& document) {
+  // All that the road through the text would change begins with one of these.
+  if (!document.IsPlain({"{", "&#4;"})) {
+    std::string xmlText = document.Xml();
+    return SendToGateway(xmlText);
+  }
+  std::string digest;
+  errors::Trap(reporter_, kWhereSend, [&] {
+    platform::HttpRequest request = NewRequest();
+    digest = Exchange(request, document);
+  });
+  return digest;
+}
+
+platform::HttpRequest TallyGateway::NewRequest() const {
+  platform::HttpRequest request(limits_);
+  request.Open("POST", GatewayUrl());
+  return request;
+}
+
+std::string TallyGateway::Exchange(platform::HttpRequest& request,
+                                   platform::XmlDocument& document) {
+  NormalizeDocument(document, reporter_);
+  request.Send(document.Xml());
+  return ParseImportResult(request.ResponseText(), reporter_);
 }
 
 }  // namespace vorlane::gateway

@@ -6,6 +6,7 @@
 #include "errors/reporter.h"
 #include "platform/http/http_request.h"
 #include "platform/settings/settings_store.h"
+#include "platform/xml/xml_document.h"
 
 namespace vorlane::gateway {
 
@@ -27,10 +28,17 @@ class TallyGateway {
   /// rewritten in place: names in braces become Tally's reserved list values.
   std::string SendToGateway(std::string& xmlText);
 
+  /// The same with a document in hand, which is rewritten likewise. It goes out
+  /// as its text would.
+  std::string SendToGateway(platform::XmlDocument& document);
+
   errors::Reporter& Reporter() const { return reporter_; }
   const platform::HttpLimits& Limits() const { return limits_; }
 
  private:
+  platform::HttpRequest NewRequest() const;
+  std::string Exchange(platform::HttpRequest& request, platform::XmlDocument& document);
+
   platform::SettingsStore& settings_;
   errors::Reporter& reporter_;
   platform::HttpLimits limits_;

@@ -81,9 +81,8 @@ std::string WriteMaster(gateway::TallyGateway& tally, const MasterDocument<Rec>&
         builder.AddElementIfAny(master, tag.tag, record.*tag.field);
       }
     }
-    std::string xmlText = envelope->Xml();
     // A digest is no XML, so the second reading hands it back as it is.
-    result = gateway::ParseImportResult(tally.SendToGateway(xmlText), reporter);
+    result = gateway::ParseImportResult(tally.SendToGateway(*envelope), reporter);
   });
   return result;
 }

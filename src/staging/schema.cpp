@@ -282,10 +282,10 @@ std::string CreateTable(const TableDef& table) {
   return sql + ")";
 }
 
-// Serves the reads by voucher and by parent, and the writers' deletes with the
-// row's id at its end. Without it staging is quadratic.
-std::string CreateIndex(const TableDef& table) {
-  std::string sql = "Create index ";
+// Serves the reads by voucher and by parent, and the writers, which replace a row
+// by its key. Without it staging is quadratic.
+std::string CreateKey(const TableDef& table) {
+  std::string sql = "Create unique index ";
   sql.append(table.name).append("_Key on ").append(table.name).append(" (");
   AppendNames(sql, table.KeyColumns(), "");
   return sql + ")";
@@ -311,7 +311,7 @@ std::vector<std::string> SchemaStatements() {
   std::vector<std::string> statements;
   for (const TableDef& table : kTables) {
     statements.push_back(CreateTable(table));
-    if (!table.idColumn.empty()) statements.push_back(CreateIndex(table));
+    if (!table.idColumn.empty()) statements.push_back(CreateKey(table));
   }
   statements.insert(statements.end(), std::begin(kFormatStatements), std::end(kFormatStatements));
   return statements;

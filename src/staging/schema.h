@@ -47,9 +47,9 @@ struct DataColumn {
   ColumnUse use = ColumnUse::Plain;
 };
 
-/// A staging table. All columns hold text, ids and amounts too, and nothing
-/// declares a key: the writers keep rows unique. CompanyName stands first in
-/// every table, then the ids of the parents, then the row's own id.
+/// A staging table. All columns hold text, ids and amounts too. CompanyName stands
+/// first in every table, then the ids of the parents, then the row's own id;
+/// together they are the key of its rows.
 struct TableDef {
   Table table;
   std::string_view name;

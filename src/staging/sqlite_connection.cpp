@@ -101,6 +101,10 @@ bool IsBlank(std::string_view text) {
 SqliteConnection::SqliteConnection(const std::filesystem::path& file, Open open,
                                    const std::filesystem::path& shownAs)
     : shownAs_(shownAs) {
+  // Its count of the memory in use takes a lock at each allocation, and nobody
+  // asks for it. Refused, harmlessly, once the library is in use elsewhere.
+  static const int uncounted = sqlite3_config(SQLITE_CONFIG_MEMSTATUS, 0);
+  static_cast<void>(uncounted);
   const int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE |
                     (open == Open::New ? SQLITE_OPEN_CREATE : 0);
   sqlite3* handle = nullptr;
@@ -148,6 +152,8 @@ void SqliteConnection::UseWriteAheadLog() {
     if (result != SQLITE_OK) return;
   }
   Run("Pragma synchronous=NORMAL");
+  // Folding the log into the file waits for the disk, so it is done seldom.
+  Run("Pragma wal_autocheckpoint=16000");
 }
 
 void SqliteConnection::Fail(std::string_view sql) const {

@@ -67,7 +67,7 @@ Statement::~Statement() {
   prepared_->inUse = false;
 }
 
-void Statement::Bind(std::span<const std::string_view> texts) {
+void Statement::Bind(std::span<const std::string_view> texts, void (*lifetime)(void*)) {
   sqlite3_stmt* handle = prepared_->handle.get();
   const int places = sqlite3_bind_parameter_count(handle);
   if (static_cast<std::size_t>(places) != texts.size()) {
@@ -80,8 +80,7 @@ void Statement::Bind(std::span<const std::string_view> texts) {
     const std::string_view text = texts[static_cast<std::size_t>(i)];
     // An empty view may point nowhere, which the library would take for null.
     const char* data = text.empty() ? "" : text.data();
-    const int result =
-        sqlite3_bind_text64(handle, i + 1, data, text.size(), SQLITE_TRANSIENT, SQLITE_UTF8);
+    const int result = sqlite3_bind_text64(handle, i + 1, data, text.size(), lifetime, SQLITE_UTF8);
     if (result != SQLITE_OK) connection_->Fail(sqlite3_sql(handle));
   }
 }
@@ -168,14 +167,22 @@ Statement StagingStore::Start(std::string_view sql) {
 
 void StagingStore::Execute(std::string_view sql, std::span<const std::string_view> texts) {
   Statement statement = Start(sql);
-  statement.Bind(texts);
+  statement.Bind(texts, SQLITE_STATIC);
   while (statement.Step()) {
   }
 }
 
+bool StagingStore::KeepsKeysApart(std::string_view table) {
+  const std::string index = std::string(table) + "_Key";
+  Statement row =
+      Query("Select 1 from pragma_index_list(?) where name=? collate nocase and \"unique\"=1",
+            {table, index});
+  return row.Step();
+}
+
 Statement StagingStore::Query(std::string_view sql, std::initializer_list<std::string_view> texts) {
   Statement statement = Start(sql);
-  statement.Bind(texts);
+  statement.Bind(texts, SQLITE_TRANSIENT);
   return statement;
 }
 

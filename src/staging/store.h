@@ -45,7 +45,8 @@ class Statement {
  private:
   friend class StagingStore;
   Statement(SqliteConnection& connection, PreparedStatement& prepared);
-  void Bind(std::span<const std::string_view> texts);
+  /// `lifetime` as the library has it: SQLITE_STATIC when the texts outlive the run.
+  void Bind(std::span<const std::string_view> texts, void (*lifetime)(void*));
 
   SqliteConnection* connection_;
   PreparedStatement* prepared_;  // null after a move
@@ -84,6 +85,9 @@ class StagingStore {
   /// Runs one statement; `texts` stand for its question marks in order.
   /// Statements stay prepared by their text, so values belong in `texts`.
   void Execute(std::string_view sql, std::span<const std::string_view> texts = {});
+
+  /// Whether the table holds one row a key, as those that the store creates do.
+  bool KeepsKeysApart(std::string_view table);
 
   /// Starts a read. The texts are copied.
   Statement Query(std::string_view sql, std::initializer_list<std::string_view> texts = {});

@@ -80,6 +80,8 @@ class FolderLock {
 
 void BuildStore(const fs::path& draft, const fs::path& file) {
   SqliteConnection connection(draft, SqliteConnection::Open::New, file);
+  // Every staged row sends its pages to the log whole; rows are short.
+  connection.Run("Pragma page_size=1024");
   connection.Run("Begin");
   for (const std::string& statement : SchemaStatements()) connection.Run(statement);
   AddShippedFormats(connection);

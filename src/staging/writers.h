@@ -88,6 +88,7 @@ class StagingWriters {
   struct Statements {
     std::string remove;
     std::string insert;
+    bool insertReplaces = false;  ///< the insert alone does what both do
   };
 
   template <class Record>

@@ -19,13 +19,17 @@ std::string ColumnList(std::string_view first, std::span<const VoucherTag> tags)
   return columns;
 }
 
-std::string RowsSql(const VoucherList& list) {
+std::string RowsOfVoucherSql(const VoucherList& list) {
   std::string columns(list.rowId);
   // What a list reads besides its tags stands in front of them.
   if (list.shape == ListShape::ByCategory) columns += ", Category_";
   if (list.rows != RowRule::Every) columns += ", Amount_";
   std::string sql = "Select " + ColumnList(columns, list.tags) + " from ";
-  sql.append(list.table).append(" where CompanyName=? and FK_VchID=?");
+  return sql.append(list.table).append(" where CompanyName=? and FK_VchID=?");
+}
+
+std::string RowsSql(const VoucherList& list) {
+  std::string sql = RowsOfVoucherSql(list);
   if (!list.parentKey.empty()) sql.append(" and ").append(list.parentKey).append("=?");
   if (list.rowOrder.empty()) {
     sql.append(" Order By val(").append(list.rowId).append(")");
@@ -47,7 +51,8 @@ VoucherDocumentWriter::VoucherDocumentWriter(staging::StagingStore& store,
       afterHead_(PrepareLists(kListsAfterHead)) {}
 
 VoucherDocumentWriter::ListRead VoucherDocumentWriter::PrepareList(const VoucherList& list) {
-  return {&list, RowsSql(list), PrepareLists(list.nested)};
+  std::string probeSql = list.parentKey.empty() ? "" : RowsOfVoucherSql(list) + " limit 1";
+  return {&list, RowsSql(list), std::move(probeSql), PrepareLists(list.nested)};
 }
 
 std::vector<VoucherDocumentWriter::ListRead> VoucherDocumentWriter::PrepareLists(
@@ -57,8 +62,9 @@ std::vector<VoucherDocumentWriter::ListRead> VoucherDocumentWriter::PrepareLists
   return reads;
 }
 
-std::string VoucherDocumentWriter::BuildDocument(std::string_view companyName,
-                                                 std::string_view vchID, std::string_view action) {
+platform::XmlDocument VoucherDocumentWriter::BuildDocument(std::string_view companyName,
+                                                           std::string_view vchID,
+                                                           std::string_view action) {
   errors::Reporter& reporter = tally_.Reporter();
   auto envelope = gateway::NewImportEnvelope(companyName, reporter);
   platform::XmlNode* data = gateway::DataElement(envelope, "//REQUESTDATA");
@@ -69,7 +75,7 @@ std::string VoucherDocumentWriter::BuildDocument(std::string_view companyName,
   const staging::ReadBracket bracket(store_);
   VoucherWalk walk(*this, builder, companyName, vchID);
   walk.WriteVoucher(voucher, action);
-  return envelope->Xml();
+  return std::move(*envelope);
 }
 
 std::string VoucherDocumentWriter::WriteVoucherDocument(std::string_view companyName,
@@ -77,8 +83,8 @@ std::string VoucherDocumentWriter::WriteVoucherDocument(std::string_view company
                                                         std::string_view action) {
   std::string digest;
   errors::Trap(tally_.Reporter(), "C01-0020", [&] {
-    std::string xmlText = BuildDocument(companyName, vchID, action);
-    digest = tally_.SendToGateway(xmlText);
+    platform::XmlDocument document = BuildDocument(companyName, vchID, action);
+    digest = tally_.SendToGateway(document);
   });
   return digest;
 }

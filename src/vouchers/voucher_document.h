@@ -27,9 +27,9 @@ class VoucherDocumentWriter {
   std::string WriteVoucherDocument(std::string_view companyName, std::string_view vchID,
                                    std::string_view action);
 
-  /// The document as a text, without sending it. Failures rise.
-  std::string BuildDocument(std::string_view companyName, std::string_view vchID,
-                            std::string_view action);
+  /// The document without sending it. Failures rise.
+  platform::XmlDocument BuildDocument(std::string_view companyName, std::string_view vchID,
+                                      std::string_view action);
 
  private:
   friend class VoucherWalk;
@@ -39,6 +39,7 @@ class VoucherDocumentWriter {
   struct ListRead {
     const VoucherList* list;
     std::string sql;
+    std::string probeSql;  ///< of a nested list: any row of the voucher, whatever its parent
     std::vector<ListRead> nested;
   };
   static ListRead PrepareList(const VoucherList& list);

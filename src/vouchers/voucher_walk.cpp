@@ -67,7 +67,19 @@ void VoucherWalk::WriteHead(XmlNode* voucher, std::string_view action) {
 }
 
 void VoucherWalk::WriteLists(const Lists& lists, std::string_view parentId, XmlNode*& parent) {
-  for (const ListRead& read : lists) WriteList(read, parentId, parent);
+  for (const ListRead& read : lists) {
+    if (HasRows(read)) WriteList(read, parentId, parent);
+  }
+}
+
+bool VoucherWalk::HasRows(const ListRead& read) {
+  if (read.probeSql.empty()) return true;
+  for (const auto& [known, has] : hasRows_) {
+    if (known == &read) return has;
+  }
+  const bool has = writer_.store_.Query(read.probeSql, {companyName_, vchID_}).Step();
+  hasRows_.emplace_back(&read, has);
+  return has;
 }
 
 void VoucherWalk::WriteList(const ListRead& read, std::string_view parentId, XmlNode*& parent) {

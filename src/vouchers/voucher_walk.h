@@ -2,6 +2,8 @@
 
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "gateway/document_builder.h"
 #include "staging/store.h"
@@ -26,6 +28,9 @@ class VoucherWalk {
   /// Writes lists one after the other. `parent` moves on where a list makes its
   /// elements the parents of what follows.
   void WriteLists(const Lists& lists, std::string_view parentId, platform::XmlNode*& parent);
+  /// Whether the voucher has a row of the list at all. Most entries have rows in
+  /// none of the lists that may hang below them, and asking once is cheaper.
+  bool HasRows(const ListRead& read);
   void WriteList(const ListRead& read, std::string_view parentId, platform::XmlNode*& parent);
   platform::XmlNode* ElementOf(const VoucherList& list, platform::XmlNode*& parent,
                                platform::XmlNode* shared, std::string_view category);
@@ -41,6 +46,7 @@ class VoucherWalk {
   std::string_view companyName_;
   std::string_view vchID_;
 
+  std::vector<std::pair<const ListRead*, bool>> hasRows_;
   std::string guid_;  // of the voucher, for the names of bank entries
 
   // The category under which cost centres are written. The element outlives its

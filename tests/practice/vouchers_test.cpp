@@ -35,7 +35,8 @@ class VoucherImportTest : public ::testing::Test {
   VoucherImportTest() {
     Import(Creating("LEDGER", "Asha", "<PARENT>Sundry Debtors</PARENT>") +
            Creating("LEDGER", "Sales", "<PARENT>Sales Accounts</PARENT>") +
-           Creating("COSTCENTRE", "Pune"));
+           Creating("COSTCENTRE", "Pune") + Creating("STOCKITEM", "Bar") +
+           Creating("GODOWN", "Yard", "<PARENT>Main Location</PARENT>"));
   }
   std::string Answer(const std::string& messages, const std::string& company = "") {
     return gateway_.Handle(Post(OldImport(messages, company))).body;
@@ -119,9 +120,19 @@ std::string Cost(const std::string& category, const std::string& centre) {
          "</NAME><AMOUNT>7</AMOUNT></COSTCENTREALLOCATIONS.LIST></CATEGORYALLOCATIONS.LIST>";
 }
 
+std::string Stock(const std::string& list, const std::string& item,
+                  const std::string& children = "") {
+  return "<" + list + ".LIST><STOCKITEMNAME>" + item + "</STOCKITEMNAME>" + children + "</" + list +
+         ".LIST>";
+}
+
 std::string StockLine(const std::string& amount, const std::string& children = "") {
-  return "<ALLINVENTORYENTRIES.LIST><STOCKITEMNAME>Bar</STOCKITEMNAME><AMOUNT>" + amount +
-         "</AMOUNT>" + children + "</ALLINVENTORYENTRIES.LIST>";
+  return Stock("ALLINVENTORYENTRIES", "Bar", "<AMOUNT>" + amount + "</AMOUNT>" + children);
+}
+
+std::string Batch(const std::string& godown, const std::string& destination = "") {
+  return "<BATCHALLOCATIONS.LIST><GODOWNNAME>" + godown + "</GODOWNNAME><DESTINATIONGODOWNNAME>" +
+         destination + "</DESTINATIONGODOWNNAME></BATCHALLOCATIONS.LIST>";
 }
 
 std::string Line(const std::string& text) { return "0001 " + text; }
@@ -151,17 +162,50 @@ INSTANTIATE_TEST_SUITE_P(
             Line(
                 "Cost Category &apos;Branches&apos; does not exist! Cost Centre &apos;Nashik&apos; "
                 "does not exist!")},
-        VoucherCase{"BelowAnAllocation",
-                    Voucher(Entry("Asha", "-7",
-                                  "<INVENTORYALLOCATIONS.LIST>" + Cost("", "Nashik") +
-                                      "</INVENTORYALLOCATIONS.LIST>",
-                                  "ALLLEDGERENTRIES") +
-                            Entry("Sales", "7")),
-                    Line("Cost Centre &apos;Nashik&apos; does not exist!")},
+        VoucherCase{
+            "BelowAnAllocation",
+            Voucher(Entry("Asha", "-7", Stock("INVENTORYALLOCATIONS", "Bar", Cost("", "Nashik")),
+                          "ALLLEDGERENTRIES") +
+                    Entry("Sales", "7")),
+            Line("Cost Centre &apos;Nashik&apos; does not exist!")},
         VoucherCase{"TypeOfTheAttribute",
                     "<VOUCHER VCHTYPE=\"rejections in\"><DATE>20240401</DATE></VOUCHER>", "1000"},
         VoucherCase{"NothingAtAll", "<VOUCHER/>",
                     Line("Voucher Type &apos;&apos; does not exist! Voucher date is missing")}),
+    [](const auto& row) { return std::string(row.param.name); });
+
+const std::string kNoPin = "Stock Item &apos;Pin&apos; does not exist!";
+const std::string kNoLoft = "Godown &apos;Loft&apos; does not exist!";
+
+INSTANTIATE_TEST_SUITE_P(
+    Stock, VoucherFault,
+    ::testing::Values(
+        VoucherCase{"Known", Voucher(Stock("INVENTORYENTRIESOUT", "BAR", Batch("yard", "Yard"))),
+                    "1000"},
+        VoucherCase{"NoGodownIsTheMainOne", Voucher(StockLine("0", Batch(""))), "1000"},
+        VoucherCase{"UnknownItem", Voucher(Stock("ALLINVENTORYENTRIES", "Pin")), Line(kNoPin)},
+        VoucherCase{"NoItem", Voucher(Stock("ALLINVENTORYENTRIES", "")),
+                    Line("Stock Item &apos;&apos; does not exist!")},
+        VoucherCase{
+            "ItemOfAJournalTwice",
+            Voucher(Stock("INVENTORYENTRIESIN", "Pin") + Stock("INVENTORYENTRIESOUT", "Pin")),
+            Line(kNoPin)},
+        VoucherCase{"ItemUnderALedger",
+                    Voucher(Entry("Sales", "1", Stock("INVENTORYALLOCATIONS", "Pin", Batch("Loft")),
+                                  "ALLLEDGERENTRIES")),
+                    Line(kNoPin + " " + kNoLoft)},
+        VoucherCase{"UnknownGodown", Voucher(StockLine("0", Batch("Loft"))), Line(kNoLoft)},
+        VoucherCase{"UnknownDestination",
+                    Voucher(Stock("INVENTORYENTRIESIN", "Bar", Batch("Yard", "Loft"))),
+                    Line(kNoLoft)},
+        // An item's own lists name what must be there before it.
+        VoucherCase{"OpeningBatchOfAnItem", Creating("STOCKITEM", "Rod", Batch("Loft")),
+                    Line(kNoLoft)},
+        VoucherCase{"ComponentsOfAnItem",
+                    Creating("STOCKITEM", "Rod",
+                             Stock("COMPONENTLIST", "Bar", "<GODOWNNAME>Yard</GODOWNNAME>") +
+                                 Stock("COMPONENTLIST", "Pin", "<GODOWNNAME>Loft</GODOWNNAME>")),
+                    Line(kNoPin + " " + kNoLoft)}),
     [](const auto& row) { return std::string(row.param.name); });
 
 const std::string kEven = "1000";
@@ -209,11 +253,10 @@ INSTANTIATE_TEST_SUITE_P(
                     kEven},
         VoucherCase{"AStockLineWithoutAccounts", Voucher(Entry("Asha", "-10") + StockLine("9")),
                     Line("Voucher Totals do not match! Dr. 10.00 Cr. 9.00 Diff: 1.00")},
-        VoucherCase{
-            "AStockJournalIsNoSide",
-            Voucher("<INVENTORYENTRIESIN.LIST><AMOUNT>-9</AMOUNT></INVENTORYENTRIESIN.LIST>",
-                    "01-04-2024", "Stock Journal"),
-            kEven}),
+        VoucherCase{"AStockJournalIsNoSide",
+                    Voucher(Stock("INVENTORYENTRIESIN", "bar", "<AMOUNT>-9</AMOUNT>"), "01-04-2024",
+                            "Stock Journal"),
+                    kEven}),
     [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(VoucherImportTest, ReadsTheDatesThatTheProductReads) {

@@ -29,7 +29,8 @@ class VoucherTest : public gateway::GatewayTest {
 
   /// What stands inside the VOUCHER element, head tags of an empty head included.
   std::string Inside() {
-    const std::string voucher = tests::VoucherOf(documents_.BuildDocument(kCompany, "1", "Create"));
+    const std::string voucher =
+        tests::VoucherOf(documents_.BuildDocument(kCompany, "1", "Create").Xml());
     const std::size_t from = voucher.find('\n') + 1;
     return voucher.substr(from, voucher.rfind('\n') - from);
   }

@@ -78,12 +78,13 @@ TEST_F(VoucherHead, SendsEveryTagInItsOrderUnderTheEnvelope) {
 
 TEST_F(VoucherHead, LeavesOutWhatIsEmptyButTheListOfBankersDates) {
   writers_.AddVoucher(kCompany, {}, "1");
-  EXPECT_EQ(VoucherOf(documents_.BuildDocument(kCompany, "1", "Create")), TagLines(R"(
+  EXPECT_EQ(VoucherOf(documents_.BuildDocument(kCompany, "1", "Create").Xml()), TagLines(R"(
       <VOUCHER REMOTEID="" VCHTYPE="" ACTION="Create">
         <BASICBANKERSDATE.LIST/>
       </VOUCHER>)"));
   store_.Execute("Update Voucher set BasicBankersDate_=null");
   EXPECT_NE(documents_.BuildDocument(kCompany, "1", "Create")
+                .Xml()
                 .find("<VOUCHER REMOTEID=\"\" VCHTYPE=\"\" ACTION=\"Create\"/>"),
             std::string::npos);
 }
@@ -92,7 +93,7 @@ TEST_F(VoucherHead, WithoutARowTheListsStandAlone) {
   writers_.AddAddress(kCompany, "Line 1", "1", "1");
   writers_.AddAddress("Rao & Sons", "Of another company", "1", "1");
   writers_.AddAddress(kCompany, "Of another voucher", "2", "1");
-  EXPECT_EQ(VoucherOf(documents_.BuildDocument(kCompany, "1", "Create")),
+  EXPECT_EQ(VoucherOf(documents_.BuildDocument(kCompany, "1", "Create").Xml()),
             TagLines("<VOUCHER><ADDRESS.LIST><ADDRESS>Line 1</ADDRESS></ADDRESS.LIST></VOUCHER>"));
 }
 

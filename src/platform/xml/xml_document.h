@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 #include <iterator>
 #include <memory>
 #include <optional>
@@ -117,6 +118,7 @@ class XmlNode {
 
  private:
   friend struct XmlTree;
+  friend class PlainnessCheck;
   friend class XmlDocument;
   friend class XmlSerializer;
 
@@ -166,6 +168,11 @@ class XmlDocument {
   /// tree, empty elements as `<A/>`, line ends as they stand. Characters that
   /// XML forbids come out raw, so that a load of the result fails.
   std::string Xml() const;
+
+  /// Whether a load of Xml() would give this very document again, told without
+  /// one for documents of elements, attributes and printable ASCII in which none
+  /// of `strangers` occurs; false for all others.
+  bool IsPlain(std::initializer_list<std::string_view> strangers) const;
 
   /// The root element; null when the document is empty.
   XmlNode* DocumentElement() const;

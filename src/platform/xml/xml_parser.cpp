@@ -22,7 +22,6 @@ namespace {
 
 // The library has such a limit too, but moves it between releases. Recursion in
 // callers relies on it.
-constexpr int kMaxDepth = 256;
 
 std::string_view View(const xmlChar* text) {
   return text == nullptr ? std::string_view() : reinterpret_cast<const char*>(text);
@@ -106,7 +105,7 @@ class TreeBuilder {
                     int namespaceCount, const xmlChar** namespaces, int attributeCount,
                     const xmlChar** attributes) {
     FlushText();
-    if (++depth_ > kMaxDepth) return Refuse(parser);
+    if (++depth_ > kMaxXmlDepth) return Refuse(parser);
     XmlNode* element = tree_.NewNode(NodeType::Element, QualifiedName(prefix, localName));
     lastAttribute_ = nullptr;
     // The parser tells declarations apart from attributes, so they come first.

@@ -17,6 +17,9 @@ inline constexpr std::string_view kReservedReference = "&#4;";
 
 inline constexpr std::string_view kXmlBlanks = " \t\r\n";
 
+/// How deep the elements of a text may nest.
+inline constexpr int kMaxXmlDepth = 256;
+
 /// What a document owns: an arena with its nodes and their texts.
 struct XmlTree {
   explicit XmlTree(XmlDocument* document);
