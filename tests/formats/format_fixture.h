@@ -50,6 +50,12 @@ class FormatTables {
 /// A form whose grid a test lays down and a format that it writes.
 class FormatTest : public testing::Test, protected form::PostingFixture {
  protected:
+  FormatTest() {
+    for (const char* table : {"VorlaneMst_", "VorlaneDet_", "VorlaneGrp_"}) {
+      store_.Execute("Delete from " + std::string(table));
+    }
+  }
+
   /// Shows the rows and, as a load does, two empty ones behind them.
   void Show(const std::vector<std::string>& header,
             const std::vector<std::vector<std::string>>& rows) {
