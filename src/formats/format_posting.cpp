@@ -61,12 +61,7 @@ class FormatDocument {
     expander.ExpandGroup(*envelope_, top_, head_.number, head_.type, row, 1, recordNo, 1);
   }
 
-  /// Gives the digest. A digest is no XML, so the second reading hands it back.
-  std::string Send() const {
-    std::string xmlText = envelope_->Xml();
-    return gateway::ParseImportResult(form_.services.gateway.SendToGateway(xmlText),
-                                      form_.services.reporter);
-  }
+  std::string Xml() const { return envelope_->Xml(); }
 
  private:
   ImportForm& form_;
@@ -74,6 +69,12 @@ class FormatDocument {
   std::optional<XmlDocument> envelope_;
   XmlNode* top_ = nullptr;
 };
+
+/// Gives the digest. A digest is no XML, so the second reading hands it back.
+std::string Send(ImportForm& importForm, std::string xmlText) {
+  return gateway::ParseImportResult(importForm.services.gateway.SendToGateway(xmlText),
+                                    importForm.services.reporter);
+}
 
 /// The key of the voucher that a row belongs to.
 using KeyOf = std::string (*)(ImportForm&, const FormatHead&, std::size_t row);
@@ -144,7 +145,7 @@ class VoucherFormatRun {
 
   void SendDocument(std::size_t lastRow) {
     if (!document_) FailWithoutDocument(prevVoucherKey_);
-    marker_.MarkVoucher(lastRow, prevVoucherKey_, document_->Send());
+    marker_.MarkVoucher(lastRow, prevVoucherKey_, Send(form_, document_->Xml()));
     form_.stat("msg", "Processed Document: " + std::to_string(documentNumber_));
   }
 
@@ -200,16 +201,21 @@ std::string GetFieldValue(ImportForm& importForm, std::string_view groupName,
   return std::string(grid.Text(row, static_cast<std::size_t>(position)));
 }
 
+std::string RowDocument(ImportForm& importForm, const std::string& formatName,
+                        const std::string& companyName, std::size_t row) {
+  const FormatHead head = HeadOf(importForm, formatName);
+  FormatDocument document(importForm, head, companyName, head.source == "ALT");
+  TemplateExpander expander(importForm);
+  document.AddAttributes(expander, row);
+  document.AddRow(expander, row, 1);
+  return document.Xml();
+}
+
 std::string CustomRowPost(ImportForm& importForm, const std::string& companyName, std::size_t row) {
   std::string digest;
   importForm.Trap("C03-0006", [&] {
-    const FormatHead head =
-        HeadOf(importForm, platform::RemoveBlanks(importForm.cmbTableName.text));
-    FormatDocument document(importForm, head, companyName, head.source == "ALT");
-    TemplateExpander expander(importForm);
-    document.AddAttributes(expander, row);
-    document.AddRow(expander, row, 1);
-    digest = document.Send();
+    const std::string name = platform::RemoveBlanks(importForm.cmbTableName.text);
+    digest = Send(importForm, RowDocument(importForm, name, companyName, row));
   });
   return digest;
 }

@@ -17,6 +17,11 @@ namespace vorlane::formats {
 std::string GetFieldValue(form::ImportForm& importForm, std::string_view groupName,
                           std::string_view tagName, std::int32_t format, std::size_t row);
 
+/// The document that a format of that name makes of one row, as it is before it
+/// is sent; for a voucher as if the row were its first. Fails like the expansion.
+std::string RowDocument(form::ImportForm& importForm, const std::string& formatName,
+                        const std::string& companyName, std::size_t row);
+
 /// Writes and sends a document for one row by the format that the import type
 /// names, its blanks left out. Gives Tally's digest; empty after a failure,
 /// which has been reported under C03-0006: it costs this row alone.

@@ -18,8 +18,10 @@ struct FormatDefinition {
   std::string number;  ///< decimal digits
   std::optional<std::string> type;
   std::optional<std::string> source;
-  std::vector<FormatCells> tags;    ///< cells in the order of kTagColumns
-  std::vector<FormatCells> groups;  ///< cells in the order of kGroupColumns
+  std::vector<FormatCells> tags;    ///< cells in the order of FormatTagColumns
+  std::vector<FormatCells> groups;  ///< cells in the order of FormatGroupColumns
+
+  bool operator==(const FormatDefinition&) const = default;
 };
 
 /// A column of a format table and how the text form calls it.
