@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 #include "errors/reporter.h"
@@ -39,10 +40,14 @@ class NullFace : public form::Face {
   void PanelChanged(form::Panel, std::string_view) override {}
   void Progress(std::size_t, std::size_t) override {}
   void GridChanged() override {}
-  void RowMarked(std::size_t) override {}
+  void RowMarked(std::size_t gridRow) override {
+    if (onRowMarked) onRowMarked(gridRow);
+  }
   void FocusOn(form::Control) override {}
   void LetEventsRun() override {}
   void Close() override {}
+
+  std::function<void(std::size_t gridRow)> onRowMarked;
 
   /// The text of the first box; empty when there was none.
   const std::string& FirstBox() const { return firstBox_; }
@@ -58,6 +63,7 @@ class BenchForm {
   explicit BenchForm(std::uint16_t port = 9000);
 
   form::ImportForm& Form() { return form_; }
+  NullFace& Face() { return face_; }
   /// Loads a table of a file as a user does who enters the path and picks the
   /// import type. Fails with std::runtime_error when a box came up or no rows.
   void Load(const std::string& path, const std::string& importType);

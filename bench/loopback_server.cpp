@@ -79,7 +79,7 @@ bool Receive(int socket, std::string& bytes) {
   return count > 0;
 }
 
-void Serve(int listener, std::ofstream* record) {
+void Serve(int listener, std::ofstream* record, Verdict verdict) {
   std::string request;
   while (true) {
     pollfd waiting{listener, POLLIN, 0};
@@ -92,26 +92,33 @@ void Serve(int listener, std::ofstream* record) {
       length = RequestLength(request);
     }
     if (record != nullptr) *record << request << std::flush;
-    SendAll(client.Get(), LoopbackServer::Answer());
+    SendAll(client.Get(), LoopbackServer::Answer(verdict));
   }
 }
 
 }  // namespace
 
-std::string_view LoopbackServer::Answer() {
-  static const std::string answer = [] {
-    const std::string body =
-        "<RESPONSE>\r\n <CREATED>1</CREATED>\r\n <ALTERED>0</ALTERED>\r\n"
-        " <DELETED>0</DELETED>\r\n <LASTVCHID>0</LASTVCHID>\r\n <LASTMID>0</LASTMID>\r\n"
-        " <COMBINED>0</COMBINED>\r\n <IGNORED>0</IGNORED>\r\n <ERRORS>0</ERRORS>\r\n"
-        " <CANCELLED>0</CANCELLED>\r\n <EXCEPTIONS>0</EXCEPTIONS>\r\n</RESPONSE>\r\n";
+std::string_view LoopbackServer::Answer(Verdict verdict) {
+  const auto answerOf = [](std::string_view refusal, int created, int errors) {
+    const std::string body = "<RESPONSE>\r\n" + std::string(refusal) + " <CREATED>" +
+                             std::to_string(created) +
+                             "</CREATED>\r\n <ALTERED>0</ALTERED>\r\n"
+                             " <DELETED>0</DELETED>\r\n <LASTVCHID>0</LASTVCHID>\r\n"
+                             " <LASTMID>0</LASTMID>\r\n <COMBINED>0</COMBINED>\r\n"
+                             " <IGNORED>0</IGNORED>\r\n <ERRORS>" +
+                             std::to_string(errors) +
+                             "</ERRORS>\r\n <CANCELLED>0</CANCELLED>\r\n"
+                             " <EXCEPTIONS>0</EXCEPTIONS>\r\n</RESPONSE>\r\n";
     return "HTTP/1.1 200 OK\r\nContent-Type: text/xml;charset=utf-8\r\n" + std::string(kLength) +
            std::to_string(body.size()) + std::string(kBlankLine) + body;
-  }();
-  return answer;
+  };
+  static const std::string created = answerOf("", 1, 0);
+  static const std::string refused =
+      answerOf(" <LINEERROR>Ledger 'Nobody' does not exist!</LINEERROR>\r\n", 0, 1);
+  return verdict == Verdict::Created ? created : refused;
 }
 
-LoopbackServer::LoopbackServer(const std::filesystem::path& record) {
+LoopbackServer::LoopbackServer(const std::filesystem::path& record, Verdict verdict) {
   const Socket listener(::socket(AF_INET, SOCK_STREAM | SOCK_CLOEXEC, 0));
   sockaddr_in address = Loopback(0);
   socklen_t size = sizeof address;
@@ -128,7 +135,7 @@ LoopbackServer::LoopbackServer(const std::filesystem::path& record) {
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
   std::ofstream file;
   if (!record.empty()) file.open(record, std::ios::binary | std::ios::app);
-  Serve(listener.Get(), record.empty() ? nullptr : &file);
+  Serve(listener.Get(), record.empty() ? nullptr : &file, verdict);
   ::_exit(0);
 }
 

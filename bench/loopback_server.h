@@ -10,14 +10,18 @@
 
 namespace vorlane::bench {
 
+/// What a server says to every request.
+enum class Verdict { Created, Refused };
+
 /// The least that can be taken for a gateway: a process of its own on a free
-/// port of the loopback address that reads a request, answers "CREATED 1", and
-/// closes the connection. It ends with the object, with the process that made
+/// port of the loopback address that reads a request, says what it says to all,
+/// and closes the connection. It ends with the object, with the process that made
 /// it, or after half a minute without a request.
 class LoopbackServer {
  public:
   /// With a `record` every request is appended to that file as it came.
-  explicit LoopbackServer(const std::filesystem::path& record = {});
+  explicit LoopbackServer(const std::filesystem::path& record = {},
+                          Verdict verdict = Verdict::Created);
   ~LoopbackServer();
   LoopbackServer(const LoopbackServer&) = delete;
   LoopbackServer& operator=(const LoopbackServer&) = delete;
@@ -25,7 +29,7 @@ class LoopbackServer {
   std::uint16_t Port() const { return port_; }
 
   /// What it answers, head and body.
-  static std::string_view Answer();
+  static std::string_view Answer(Verdict verdict = Verdict::Created);
 
  private:
   pid_t process_ = -1;

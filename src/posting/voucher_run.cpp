@@ -52,7 +52,12 @@ void VoucherRun::TakeRow(std::size_t gridRow, form::CompanyRule& companyRule) {
 void VoucherRun::GroupRow(std::size_t gridRow) {
   if (prevVoucherKey_.empty()) return;  // an empty ID: nothing after it is sent
   const std::string key = VoucherKey();
-  if (key != prevVoucherKey_) BreakVoucher(gridRow, key);
+  if (key != prevVoucherKey_) {
+    // Before the first row nothing is held yet.
+    if (prevVoucherKey_ != "00") SendVoucher(gridRow - 1);
+    prevVoucherKey_ = key;
+    StartVoucher(key);
+  }
   family_.StageRow(*this);
 }
 
@@ -60,8 +65,7 @@ void VoucherRun::SendRow(std::size_t gridRow) {
   if (!family_.TakesRow(*this)) return;
   StartVoucher(VoucherKey());
   family_.StageRow(*this);
-  ShowOutcome(gridRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
-  vchID_ = std::to_string(++voucherNumber_);
+  SendVoucher(gridRow);
 }
 
 void VoucherRun::Open() {
@@ -128,15 +132,10 @@ std::string VoucherRun::VoucherKey() {
   return row.VchType + "-" + row.VchNo + "-" + row.VchDate;
 }
 
-void VoucherRun::BreakVoucher(std::size_t gridRow, const std::string& key) {
-  if (prevVoucherKey_ == "00") {
-    prevVoucherKey_ = key;  // the first row: nothing is held yet
-  } else {
-    ShowOutcome(gridRow - 1, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
-    prevVoucherKey_ = key;
-    vchID_ = std::to_string(++voucherNumber_);
-  }
-  StartVoucher(key);
+void VoucherRun::SendVoucher(std::size_t outcomeRow) {
+  writers_.CloseVoucher();
+  ShowOutcome(outcomeRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
+  vchID_ = std::to_string(++voucherNumber_);
 }
 
 void VoucherRun::StartVoucher(const std::string& key) {
@@ -144,6 +143,7 @@ void VoucherRun::StartVoucher(const std::string& key) {
   family_.StartCounters(*this);
   staging::VoucherRec head = DefaultHead(row, key);
   family_.FillHead(*this, head);
+  writers_.OpenVoucher();
   writers_.AddVoucher(Company(), head, vchID_);
 }
 

@@ -124,8 +124,8 @@ class VoucherRun {
   std::string VoucherKey();
   void GroupRow(std::size_t gridRow);
   void SendRow(std::size_t gridRow);
-  void BreakVoucher(std::size_t gridRow, const std::string& key);
   void StartVoucher(const std::string& key);
+  void SendVoucher(std::size_t outcomeRow);
   void ShowOutcome(std::size_t gridRow, const std::string& status);
 
   form::ImportForm& form_;

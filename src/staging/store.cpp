@@ -186,6 +186,39 @@ Statement StagingStore::Query(std::string_view sql, std::initializer_list<std::s
   return statement;
 }
 
+WriteBracket::WriteBracket(StagingStore& store) : store_(store) {
+  try {
+    store_.Execute("Begin");
+  } catch (const platform::Failure&) {
+    return;  // the statements will tell
+  }
+  isOpen_ = true;
+  ++store_.openBrackets_;
+}
+
+WriteBracket::~WriteBracket() {
+  try {
+    Close();
+  } catch (const platform::Failure&) {
+    // Somebody who needs to know closes it.
+  }
+}
+
+void WriteBracket::Close() {
+  if (!std::exchange(isOpen_, false)) return;
+  --store_.openBrackets_;
+  sqlite3* handle = store_.connection_->Handle();
+  // The library ends a transaction itself on a full disk, say; the statement
+  // that met it has told.
+  if (sqlite3_get_autocommit(handle) != 0) return;
+  try {
+    store_.Execute("Commit");
+  } catch (const platform::Failure&) {
+    sqlite3_exec(handle, "Rollback", nullptr, nullptr, nullptr);
+    throw;
+  }
+}
+
 ReadBracket::ReadBracket(StagingStore& store) : store_(store) {
   if (store_.openBrackets_ == 0) store_.Execute("Begin");
   ++store_.openBrackets_;

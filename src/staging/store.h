@@ -60,7 +60,7 @@ class Statement {
 /// thirteen times as much. A failed opening is tried again at the next use. A
 /// file that is missing is created with its tables; one that exists is used as
 /// it is, and a table or column that it lacks fails the statement that needs
-/// it. Each statement is final when it returns; no transaction spans two. The
+/// it. Each statement is final when it returns, but inside a WriteBracket. The
 /// write-ahead log keeps the file sound on a power cut, which matters because
 /// it holds the user's formats, and lets other programs read meanwhile.
 ///
@@ -94,6 +94,7 @@ class StagingStore {
 
  private:
   friend class ReadBracket;
+  friend class WriteBracket;
 
   SqliteConnection& Connection();
   Statement Start(std::string_view sql);
@@ -104,11 +105,31 @@ class StagingStore {
   int openBrackets_ = 0;
 };
 
+/// Lets what is written in its lifetime become final together, at its end, which
+/// is what most of the time of a short row goes into. A statement that fails
+/// undoes itself alone, as without. A store that cannot be opened has no bracket,
+/// and its statements fail one by one. Close it before waiting on the gateway:
+/// other programs cannot write meanwhile.
+class WriteBracket {
+ public:
+  explicit WriteBracket(StagingStore& store);
+  WriteBracket(const WriteBracket&) = delete;
+  WriteBracket& operator=(const WriteBracket&) = delete;
+  ~WriteBracket();
+
+  /// Makes the writes final. A failure means that none of them is.
+  void Close();
+
+ private:
+  StagingStore& store_;
+  bool isOpen_ = false;
+};
+
 /// Makes the reads of its lifetime see one state of the store and take half the
 /// time. Nothing may be written inside: it would not be final at once. Brackets
 /// may stand inside each other; the outermost counts. Keep it short, and close
 /// it before waiting on the gateway, for the log cannot be folded into the file
-/// meanwhile.
+/// meanwhile. Inside a WriteBracket it adds nothing.
 class ReadBracket {
  public:
   explicit ReadBracket(StagingStore& store);

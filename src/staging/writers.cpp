@@ -55,6 +55,15 @@ std::size_t DeleteKeyCount(const Writer& writer, std::size_t keyCount) {
 StagingWriters::StagingWriters(StagingStore& store, errors::Reporter& reporter)
     : store_(store), reporter_(reporter) {}
 
+void StagingWriters::OpenVoucher() { voucher_.emplace(store_); }
+
+void StagingWriters::CloseVoucher() {
+  errors::Trap(reporter_, kWhereExecStaging, [&] {
+    if (voucher_) voucher_->Close();
+  });
+  voucher_.reset();
+}
+
 void StagingWriters::AddVoucher(Company companyName, const VoucherRec& voucher, Id vchID) {
   WriteRecord(kVoucher, voucher, {companyName, vchID});
 }

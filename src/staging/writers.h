@@ -2,6 +2,7 @@
 
 #include <array>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -18,8 +19,8 @@ struct Writer;
 
 /// Writes rows into the staging tables, one writer for each table.
 ///
-/// A writer deletes the row of its key and inserts the new one; both are final
-/// when it returns, and the delete stays in force when the insert fails. Texts
+/// A writer deletes the row of its key and inserts the new one, and the delete
+/// stays in force when the insert fails. Nothing that comes later undoes either. Texts
 /// are stored as they are, an empty one as an empty text. All ids are texts
 /// that hold whole numbers; `companyName` is the company of the run.
 ///
@@ -29,6 +30,11 @@ struct Writer;
 class StagingWriters {
  public:
   StagingWriters(StagingStore& store, errors::Reporter& reporter);
+
+  /// Lets the rows of a voucher become final together, see WriteBracket.
+  void OpenVoucher();
+  /// Makes them final; a failure is reported.
+  void CloseVoucher();
 
   using Id = std::string_view;
   using Company = std::string_view;
@@ -100,6 +106,7 @@ class StagingWriters {
 
   StagingStore& store_;
   errors::Reporter& reporter_;
+  std::optional<WriteBracket> voucher_;             // from OpenVoucher to CloseVoucher
   std::array<Statements, kTableCount> statements_;  // by table, made at first use
 };
 

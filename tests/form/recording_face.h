@@ -30,6 +30,8 @@ class RecordingFace : public Face {
   std::size_t closings = 0;
   /// What a user does while events run, each time that they do.
   std::function<void()> onEvents;
+  /// What happens elsewhere when a row has its outcome.
+  std::function<void(std::size_t row)> onRowMarked;
 
   /// The boxes in short: an error report as its location code, other boxes as
   /// their text.
@@ -79,7 +81,10 @@ class RecordingFace : public Face {
     progress.emplace_back(done, total);
   }
   void GridChanged() override { ++gridChanges; }
-  void RowMarked(std::size_t row) override { rowsMarked.push_back(row); }
+  void RowMarked(std::size_t row) override {
+    rowsMarked.push_back(row);
+    if (onRowMarked) onRowMarked(row);
+  }
   void FocusOn(Control control) override { focus.push_back(control); }
   void LetEventsRun() override {
     ++eventTurns;

@@ -46,6 +46,44 @@ TEST_F(SendToGateway, RewritesReservedValuesInPlace) {
   EXPECT_TRUE(boxes_.empty());
 }
 
+// A document in hand may skip the way through its text; whether it does or not,
+// nobody on the wire can tell.
+TEST_F(SendToGateway, SendsADocumentAsItsTextWouldGo) {
+  const char* texts[] = {"plain",
+                         " kept at both ends ",
+                         "Rao & Sons <\"R\">",
+                         "",
+                         "   ",
+                         "tab\tand\r\nlines",
+                         "{Any} word",
+                         "&#4; Any",
+                         "राजेश",
+                         "\x01",
+                         "\xFF",
+                         "&amp; {Applicable}"};
+  for (const char* text : texts) {
+    platform::XmlDocument document;
+    platform::XmlNode* root = document.CreateElement("ENVELOPE");
+    document.DocumentNode()->AppendChild(root);
+    root->SetAttribute("xmlns:UDF", "TallyUDF");
+    root->SetAttribute("NAME", text);
+    platform::XmlNode* child = document.CreateElement("UDF:NAME");
+    root->AppendChild(child);
+    platform::XmlNode* other = document.CreateElement("LIST");
+    root->AppendChild(other);
+    // Two texts beside each other, and one that is set to nothing.
+    other->AppendChild(document.CreateTextNode(text));
+    other->AppendChild(document.CreateTextNode(text));
+    platform::XmlNode* third = document.CreateElement("NARRATION");
+    root->AppendChild(third);
+    third->AppendChild(document.CreateTextNode(text));
+
+    const std::string byText = SentBody(document.Xml());
+    tally_.SendToGateway(document);
+    EXPECT_EQ(LastRequest().body, byText) << text;
+  }
+}
+
 TEST_F(SendToGateway, PutsBothEnvelopesOnTheWire) {
   struct Row {
     bool isNew;

@@ -260,8 +260,11 @@ TEST_F(VoucherRuns, AStoreThatAnotherProgramLocksLosesRowsAndNotTheRun) {
   Show(Singles(4));
   ImportsAnswer(Texts(4, kCreated));
   std::optional<staging::Locker> locker;
-  AtRow(2, [&] { locker.emplace(store_.File(), "Begin immediate"); });
-  AtRow(3, [&] { locker.reset(); });
+  // Between two vouchers the store is free.
+  face_.onRowMarked = [&](std::size_t row) {
+    if (row == 2) locker.emplace(store_.File(), "Begin immediate");
+    if (row == 3) locker.reset();
+  };
   PostTransaction(form_);
   // The third voucher's head and entry could not be staged; it goes out empty.
   EXPECT_EQ(face_.BoxesInShort(), (Texts{"C01-0019", "C01-0011"}));

@@ -167,6 +167,37 @@ TEST_F(StoreTest, ReadersSeeEachCallAsItReturns) {
   EXPECT_NO_THROW(reader.Execute("Delete from Address"));
 }
 
+TEST_F(StoreTest, AWriteBracketEndsInOneStepAndUndoesNothing) {
+  StagingStore reader(file_);
+  const auto seen = [](StagingStore& store) {
+    Statement read = store.Query("Select group_concat(Address_) from Address");
+    read.Step();
+    return std::string(read.TextOrEmpty(0));
+  };
+  const char* insert = "Insert into Address (CompanyName, FK_VchID, AdID, Address_) values ";
+  {
+    WriteBracket bracket(*store_);
+    store_->Execute(std::string(insert) + "('Co', '1', '1', 'one')");
+    EXPECT_THROW(store_->Execute(std::string(insert) + "('Co', '1', '2', 'two'), "
+                                                       "('Co', '1', '1', 'again')"),
+                 platform::Failure);
+    {
+      ReadBracket inside(*store_);
+      EXPECT_EQ(seen(*store_), "one") << "a statement that fails undoes itself alone";
+    }
+    EXPECT_EQ(seen(reader), "");
+    bracket.Close();
+    EXPECT_EQ(seen(reader), "one");
+    store_->Execute(std::string(insert) + "('Co', '1', '3', 'three')");
+    EXPECT_EQ(seen(reader), "one,three") << "closed, it holds nothing back";
+  }
+  {
+    WriteBracket left(*store_);
+    store_->Execute("Delete from Address where AdID='3'");
+  }
+  EXPECT_EQ(seen(reader), "one") << "one that nobody closes ends the same way";
+}
+
 TEST_F(StoreTest, ReadsOfOneStatementStandInsideEachOther) {
   store_->Execute("Insert into Address (Address_) values ('a'), ('b')");
   const char* sql = "Select Address_ from Address where Address_ >= ?";
