@@ -201,21 +201,20 @@ std::string GetFieldValue(ImportForm& importForm, std::string_view groupName,
   return std::string(grid.Text(row, static_cast<std::size_t>(position)));
 }
 
-std::string RowDocument(ImportForm& importForm, const std::string& formatName,
-                        const std::string& companyName, std::size_t row) {
-  const FormatHead head = HeadOf(importForm, formatName);
-  FormatDocument document(importForm, head, companyName, head.source == "ALT");
-  TemplateExpander expander(importForm);
-  document.AddAttributes(expander, row);
-  document.AddRow(expander, row, 1);
+std::string RowPoster::Document(const std::string& formatName, const std::string& companyName,
+                                std::size_t row) {
+  const FormatHead head = HeadOf(form_, formatName);
+  FormatDocument document(form_, head, companyName, head.source == "ALT");
+  document.AddAttributes(expander_, row);
+  document.AddRow(expander_, row, 1);
   return document.Xml();
 }
 
-std::string CustomRowPost(ImportForm& importForm, const std::string& companyName, std::size_t row) {
+std::string RowPoster::CustomRowPost(const std::string& companyName, std::size_t row) {
   std::string digest;
-  importForm.Trap("C03-0006", [&] {
-    const std::string name = platform::RemoveBlanks(importForm.cmbTableName.text);
-    digest = Send(importForm, RowDocument(importForm, name, companyName, row));
+  form_.Trap("C03-0006", [&] {
+    const std::string name = platform::RemoveBlanks(form_.cmbTableName.text);
+    digest = Send(form_, Document(name, companyName, row));
   });
   return digest;
 }

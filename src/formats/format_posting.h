@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "form/import_form.h"
+#include "formats/template_expansion.h"
 
 namespace vorlane::formats {
 
@@ -17,16 +18,26 @@ namespace vorlane::formats {
 std::string GetFieldValue(form::ImportForm& importForm, std::string_view groupName,
                           std::string_view tagName, std::int32_t format, std::size_t row);
 
-/// The document that a format of that name makes of one row, as it is before it
-/// is sent; for a voucher as if the row were its first. Fails like the expansion.
-std::string RowDocument(form::ImportForm& importForm, const std::string& formatName,
-                        const std::string& companyName, std::size_t row);
+/// Posts one grid row after the other, each as a document of its own.
+class RowPoster {
+ public:
+  explicit RowPoster(form::ImportForm& importForm) : form_(importForm), expander_(importForm) {}
 
-/// Writes and sends a document for one row by the format that the import type
-/// names, its blanks left out. Gives Tally's digest; empty after a failure,
-/// which has been reported under C03-0006: it costs this row alone.
-std::string CustomRowPost(form::ImportForm& importForm, const std::string& companyName,
-                          std::size_t row);
+  /// The document that a format of that name makes of a row, as it is before it
+  /// is sent; for a voucher as if the row were its first. Fails like the
+  /// expansion.
+  std::string Document(const std::string& formatName, const std::string& companyName,
+                       std::size_t row);
+
+  /// Writes and sends a document for a row by the format that the import type
+  /// names, its blanks left out. Gives Tally's digest; empty after a failure,
+  /// which has been reported under C03-0006: it costs this row alone.
+  std::string CustomRowPost(const std::string& companyName, std::size_t row);
+
+ private:
+  form::ImportForm& form_;
+  TemplateExpander expander_;
+};
 
 /// The loops that post vouchers by the format that the import type names, as it
 /// stands. Rows of one key make a document, and it is sent when the next key

@@ -1,5 +1,7 @@
 #include "formats/format_rows.h"
 
+#include <utility>
+
 namespace vorlane::formats {
 
 namespace {
@@ -36,21 +38,6 @@ std::optional<FormatHead> ReadFormatHead(staging::StagingStore& store, std::stri
                     rows.Integer("TNo").value_or(0), std::string(rows.TextOrEmpty("TSource"))};
 }
 
-std::vector<TagRow> ReadAttributes(staging::StagingStore& store, std::int32_t format,
-                                   std::string_view group) {
-  return AllTags(
-      store.Query("Select * from VorlaneDet_ where TNo = ? and TagType ='A' and GroupName=?",
-                  {std::to_string(format), group}));
-}
-
-std::vector<TagRow> ReadTags(staging::StagingStore& store, std::int32_t format,
-                             std::string_view group, std::int32_t setNo) {
-  return AllTags(
-      store.Query("Select * from VorlaneDet_ where SetNo= ? and TNo = ? and (TagType ='N' OR "
-                  "TagType='C' OR TagType='G') and GroupName=? Order by TNo, SrNo",
-                  {std::to_string(setNo), std::to_string(format), group}));
-}
-
 std::optional<TagRow> FindTag(staging::StagingStore& store, std::int32_t format,
                               std::string_view group, std::string_view tag) {
   staging::Statement rows = store.Query(
@@ -61,18 +48,52 @@ std::optional<TagRow> FindTag(staging::StagingStore& store, std::int32_t format,
   return TagOf(rows);
 }
 
-std::vector<GroupRow> ReadGroups(staging::StagingStore& store, std::int32_t format,
-                                 std::string_view parent) {
+void FormatTables::Refresh() {
+  const staging::StoreVersion version = store_.Version();
+  if (version == version_) return;
+  tags_.clear();
+  groups_.clear();
+  version_ = version;
+}
+
+const std::vector<TagRow>& FormatTables::Attributes(std::int32_t format, std::string_view group) {
+  const std::string number = std::to_string(format);
+  const std::string key = number + " " + std::string(group);
+  const auto known = tags_.find(key);
+  if (known != tags_.end()) return known->second;
+  return tags_[key] = AllTags(store_.Query(
+             "Select * from VorlaneDet_ where TNo = ? and TagType ='A' and GroupName=?",
+             {number, group}));
+}
+
+const std::vector<TagRow>& FormatTables::Tags(std::int32_t format, std::string_view group,
+                                              std::int32_t setNo) {
+  const std::string number = std::to_string(format);
+  const std::string set = std::to_string(setNo);
+  const std::string key = number + "/" + set + " " + std::string(group);
+  const auto known = tags_.find(key);
+  if (known != tags_.end()) return known->second;
+  return tags_[key] = AllTags(store_.Query(
+             "Select * from VorlaneDet_ where SetNo= ? and TNo = ? and (TagType ='N' OR "
+             "TagType='C' OR TagType='G') and GroupName=? Order by TNo, SrNo",
+             {set, number, group}));
+}
+
+const std::vector<GroupRow>& FormatTables::Groups(std::int32_t format, std::string_view parent) {
+  const std::string number = std::to_string(format);
+  const std::string key = number + " " + std::string(parent);
+  const auto known = groups_.find(key);
+  if (known != groups_.end()) return known->second;
   staging::Statement rows =
-      store.Query("Select * from VorlaneGrp_ where TNo = ? and ParentName=? Order by TNo, SetNo",
-                  {std::to_string(format), parent});
+      store_.Query("Select * from VorlaneGrp_ where TNo = ? and ParentName=? Order by TNo, SetNo",
+                   {number, parent});
   std::vector<GroupRow> groups;
   while (rows.Step()) {
     groups.push_back({std::string(rows.TextOrEmpty("ParentName")),
                       std::string(rows.TextOrEmpty("GroupName")), rows.Integer("SetNo").value_or(0),
                       std::string(rows.TextOrEmpty("SetOn"))});
   }
-  return groups;
+  return groups_[key] = std::move(groups);
 }
 
 }  // namespace vorlane::formats

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "staging/store.h"
@@ -36,12 +37,6 @@ struct TagRow {
   std::string valueFormat;
 };
 
-/// The attributes of the top element, in no order that is told.
-std::vector<TagRow> ReadAttributes(staging::StagingStore& store, std::int32_t format,
-                                   std::string_view group);
-/// The tags of a group's set, in order.
-std::vector<TagRow> ReadTags(staging::StagingStore& store, std::int32_t format,
-                             std::string_view group, std::int32_t setNo);
 /// The first row with that tag in that group, whatever its set and type.
 std::optional<TagRow> FindTag(staging::StagingStore& store, std::int32_t format,
                               std::string_view group, std::string_view tag);
@@ -54,8 +49,28 @@ struct GroupRow {
   std::string condition;  ///< empty for null
 };
 
-/// The groups that a group holds, in order of their sets.
-std::vector<GroupRow> ReadGroups(staging::StagingStore& store, std::int32_t format,
-                                 std::string_view parent);
+/// The rows of formats as the tables have them now. They are kept as long as
+/// nobody writes to the store: reading forty rows anew for each row of a grid
+/// took longer than the exchange with Tally.
+class FormatTables {
+ public:
+  explicit FormatTables(staging::StagingStore& store) : store_(store) {}
+
+  /// Drops what the store no longer holds so. References from before are gone.
+  void Refresh();
+
+  /// The attributes of the top element, in no order that is told.
+  const std::vector<TagRow>& Attributes(std::int32_t format, std::string_view group);
+  /// The tags of a group's set, in order.
+  const std::vector<TagRow>& Tags(std::int32_t format, std::string_view group, std::int32_t setNo);
+  /// The groups that a group holds, in order of their sets.
+  const std::vector<GroupRow>& Groups(std::int32_t format, std::string_view parent);
+
+ private:
+  staging::StagingStore& store_;
+  staging::StoreVersion version_;
+  std::unordered_map<std::string, std::vector<TagRow>> tags_;
+  std::unordered_map<std::string, std::vector<GroupRow>> groups_;
+};
 
 }  // namespace vorlane::formats

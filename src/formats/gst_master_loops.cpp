@@ -64,7 +64,8 @@ class MasterRows {
         kind_(kind),
         companyRule_(importForm),
         row_(importForm),
-        marker_(importForm) {}
+        marker_(importForm),
+        poster_(importForm) {}
 
   form::GridReader& MoveTo(std::size_t row) {
     row_.MoveTo(row);
@@ -85,7 +86,7 @@ class MasterRows {
 
   /// Sends a row; an empty one goes out too, but gets no mark.
   void Post(std::size_t row) {
-    const std::string digest = CustomRowPost(form_, form_.CurrentCompany, row);
+    const std::string digest = poster_.CustomRowPost(form_.CurrentCompany, row);
     if (form_.IsEmptyRow(row)) {
       form_.services.face.LetEventsRun();
       return;
@@ -101,6 +102,7 @@ class MasterRows {
   form::CompanyRule companyRule_;
   form::GridReader row_;
   form::MasterRowMarker marker_;
+  RowPoster poster_;
 };
 
 template <class TakeRow>

@@ -56,7 +56,7 @@ std::vector<std::string> ValueListEntries(std::string_view list) {
 }
 
 TemplateExpander::TemplateExpander(ImportForm& importForm)
-    : form_(importForm), markers_(importForm.GR1) {}
+    : form_(importForm), markers_(importForm.GR1), tables_(importForm.services.store) {}
 
 std::string_view TemplateExpander::CellOf(const std::string& key) const {
   return form_.GR1.Text(row_, form_.GR1.ColumnIndex(key));
@@ -66,8 +66,9 @@ void TemplateExpander::ExpandAttributes(XmlDocument& document, XmlNode* element,
                                         std::int32_t format, std::string_view group,
                                         std::size_t row) {
   row_ = row;
+  tables_.Refresh();
   gateway::DocumentBuilder builder(document, form_.services.reporter);
-  for (const TagRow& tag : ReadAttributes(form_.services.store, format, group)) {
+  for (const TagRow& tag : tables_.Attributes(format, group)) {
     std::string value;
     if (tag.fixedValue) {
       value = *tag.fixedValue;
@@ -84,7 +85,7 @@ void TemplateExpander::ExpandGroup(XmlDocument& document, XmlNode* parent, std::
                                    int setNo) {
   row_ = row;
   markers_.MoveTo(row);
-  const staging::ReadBracket bracket(form_.services.store);
+  tables_.Refresh();
   Walk walk{gateway::DocumentBuilder(document, form_.services.reporter), format, 0, {}};
   WalkGroup(walk, parent, {std::string(group), setNo, recordNo}, level);
 }
@@ -124,13 +125,12 @@ class TemplateExpander::Step {
 
 void TemplateExpander::WalkGroup(Walk& walk, XmlNode* parent, const Place& place, int level) {
   const Step step(walk, place, level);
-  staging::StagingStore& store = form_.services.store;
   if (place.recordNo == 1) {
-    for (const TagRow& tag : ReadTags(store, walk.format, place.group, place.setNo)) {
+    for (const TagRow& tag : tables_.Tags(walk.format, place.group, place.setNo)) {
       WriteTag(walk, parent, tag);
     }
   }
-  for (const GroupRow& child : ReadGroups(store, walk.format, place.group)) {
+  for (const GroupRow& child : tables_.Groups(walk.format, place.group)) {
     if (!IsOn(child, place)) continue;
     XmlNode* element = walk.builder.AddElement(parent, child.name);
     WalkGroup(walk, element, {child.name, child.setNo, 1}, level + 1);

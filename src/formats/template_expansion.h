@@ -22,7 +22,7 @@ inline constexpr int kDeepestGroup = 200;
 inline constexpr std::size_t kMostGroups = 20'000;
 
 /// Turns the rows of a format into XML, for one row of the grid after the other.
-/// The tables are read afresh at each call.
+/// The tables are taken as they are at each call.
 ///
 /// All failures rise and end the walk, with what it had made still standing: of
 /// the store, of an expression, of a fragment that is not well-formed, of groups
@@ -70,6 +70,7 @@ class TemplateExpander {
 
   form::ImportForm& form_;
   RowMarkers markers_;
+  FormatTables tables_;
   std::size_t row_ = 0;
 };
 

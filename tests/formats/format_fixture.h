@@ -17,9 +17,9 @@ namespace vorlane::formats {
 
 /// A row of a format table as a test writes it: cells parted by "|", "-" for
 /// null.
-class FormatTables {
+class FormatWriter {
  public:
-  explicit FormatTables(staging::StagingStore& store) : store_(store) {}
+  explicit FormatWriter(staging::StagingStore& store) : store_(store) {}
 
   /// TName | TType | TNo | TSource
   void Format(std::string_view row) { Insert("VorlaneMst_", row); }
@@ -68,7 +68,7 @@ class FormatTest : public testing::Test, protected form::PostingFixture {
     form_.GR1.AddRow();
   }
 
-  FormatTables tables_{store_};
+  FormatWriter tables_{store_};
 };
 
 }  // namespace vorlane::formats

@@ -164,7 +164,7 @@ TEST_F(MasterFormatTest, RowPostFindsTheFormatWithoutBlanks) {
   form_.cmbTableName.text = "LEDGER GROUPSGST";
   Show({"NO", "NAME"}, {{"1", "A"}});
   ImportsAnswer({kCreated, kCreated});
-  EXPECT_EQ(CustomRowPost(form_, "Rao & Sons", 1), "CREATED ");
+  EXPECT_EQ(RowPoster(form_).CustomRowPost("Rao & Sons", 1), "CREATED ");
   EXPECT_EQ(Sent(), Texts{Group("A")});
   EXPECT_NE(Tally().Imports()[0].find("<SVCURRENTCOMPANY>Rao &amp; Sons</SVCURRENTCOMPANY>"),
             std::string::npos);
@@ -172,7 +172,7 @@ TEST_F(MasterFormatTest, RowPostFindsTheFormatWithoutBlanks) {
             std::string::npos);
 
   store_.Execute("Update VorlaneMst_ set TSource='ALT'");
-  CustomRowPost(form_, "Rao & Sons", 1);
+  RowPoster(form_).CustomRowPost("Rao & Sons", 1);
   EXPECT_NE(Tally().Imports()[1].find("<IMPORTDUPS>@@DUPCOMBINE</IMPORTDUPS>"), std::string::npos);
   EXPECT_EQ(Sent()[1], Group("A"));
 }

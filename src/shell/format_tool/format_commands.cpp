@@ -149,7 +149,7 @@ int Try(ImportForm& importForm, const Words& words, Streams streams) {
   const std::size_t row = RowNumber(words[3], importForm.GR1.RowCount());
   platform::XmlDocument document;
   document.LoadXml(gateway::RewriteReservedValues(
-      formats::RowDocument(importForm, name, importForm.CurrentCompany, row)));
+      formats::RowPoster(importForm).Document(name, importForm.CurrentCompany, row)));
   gateway::NormalizeDocument(document, importForm.services.reporter);
   streams.output << document.Xml() << '\n';
   return 0;
