@@ -55,7 +55,9 @@ class Face {
   /// A row (from 1) has a new status or new marks and is the current row now.
   virtual void RowMarked(std::size_t row) = 0;
   virtual void FocusOn(Control control) = 0;
-  /// Lets pending events run, once a row, so that a window stays alive.
+  /// Lets pending events run, once a row, so that a window stays alive. A face
+  /// whose user ends the program here throws what is no std::exception, through
+  /// the loop; Progress may do so, too.
   virtual void LetEventsRun() = 0;
   /// The form unloads; the process ends when its events have run out.
   virtual void Close() = 0;

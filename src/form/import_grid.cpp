@@ -23,6 +23,7 @@ void ImportGrid::Clear() {
   overwrittenTexts_.reset();
   marks_ = {};
   currentRow_ = 0;
+  hasRun_ = false;
 }
 
 void ImportGrid::ShowSource(const std::vector<platform::Field>& fields,
@@ -52,6 +53,11 @@ std::size_t ImportGrid::PushRow(std::uint32_t sourceRow) {
   sourceRows_.push_back(sourceRow);
   marks_.emplace_back();
   return sourceRows_.size();
+}
+
+void ImportGrid::BeginRun() {
+  hasRun_ = true;
+  for (RowMark& mark : marks_) mark.isTaken = mark.isAnswered = false;
 }
 
 std::size_t ImportGrid::AddRow() { return PushRow(kNoSource); }

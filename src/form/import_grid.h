@@ -36,6 +36,10 @@ struct RowMark {
   std::uint32_t foreColour = kBlack;
   std::int8_t icon = kIconNone;
   bool statusBold = false;
+  // Of the run that began last: a status alone tells neither, since it stays from
+  // an earlier run, and is empty when an exchange failed.
+  bool isTaken = false;     ///< it is in what the loop sends next
+  bool isAnswered = false;  ///< the loop has told its outcome
 };
 
 /// The grid `GR1`: what a load shows and what the import loops read and mark.
@@ -89,6 +93,18 @@ class ImportGrid {
   }
   void SetStatusBold(std::size_t row) { marks_.at(row - 1).statusBold = true; }
 
+  /// A run begins: no row is taken or answered yet. Marks and statuses stay.
+  void BeginRun();
+  /// Whether there was a run since the rows were loaded.
+  bool HasRun() const { return hasRun_; }
+  /// Of loops that gather rows into one document: the row is part of the next.
+  void SetTaken(std::size_t row) { marks_.at(row - 1).isTaken = true; }
+  /// The row has its outcome, and so have the rows taken above it.
+  void SetAnswered(std::size_t row) { marks_.at(row - 1).isAnswered = true; }
+
+  /// Whether the column came with the source; the others a load has added.
+  bool IsSourceColumn(std::size_t column) const { return column <= sourceColumns_; }
+
   std::size_t CurrentRow() const { return currentRow_; }
   void SelectRow(std::size_t row) { currentRow_ = row; }
 
@@ -114,6 +130,7 @@ class ImportGrid {
   std::vector<RowMark> marks_;
   std::size_t currentRow_ = 0;
   bool redraw_ = true;
+  bool hasRun_ = false;
 };
 
 /// True when every cell of the row is empty once blanks are trimmed.

@@ -16,6 +16,7 @@ Outcome ClassifyDigest(std::string_view digest) {
 void MasterRowMarker::SetStatus(std::size_t row, std::string_view text) {
   if (statusColumn_ == 0) statusColumn_ = form_.GR1.ColumnIndex(ImportGrid::kStatusKey);
   form_.GR1.SetText(row, statusColumn_, text);
+  form_.GR1.SetAnswered(row);
 }
 
 void MasterRowMarker::MarkSkipped(std::size_t row) {
@@ -54,6 +55,7 @@ void VoucherRowMarker::Mark(std::size_t row, const std::string& digest, Paint pa
   ImportGrid& grid = form_.GR1;
   if (statusColumn_ == 0) statusColumn_ = grid.ColumnIndex(ImportGrid::kStatusKey);
   grid.SetText(row, statusColumn_, digest);
+  grid.SetAnswered(row);
   switch (ClassifyDigest(digest)) {
     case Outcome::Refused:
       paintRefused();

@@ -49,6 +49,7 @@ void PostHeldMasters(ImportForm& importForm, const HeldLoopRules& rules, HeldMas
         }
       }
       master.AddBlocks(row);
+      importForm.GR1.SetTaken(i);
       importForm.services.face.Progress(i, rowCount);
     }
   });

@@ -60,6 +60,7 @@ bool CheckLedger(ImportForm& importForm, std::size_t gridRow, std::size_t ledger
   const std::string missing = "Ledger '" + ledger + "' does not exist!";
   grid.SetText(gridRow, grid.ColumnIndex(ImportGrid::kStatusKey),
                exists ? std::string() : "ERRORS " + missing + missing + " - ");
+  if (!exists) grid.SetAnswered(gridRow);
   return exists;
 }
 

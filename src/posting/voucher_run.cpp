@@ -58,6 +58,7 @@ void VoucherRun::GroupRow(std::size_t gridRow) {
     prevVoucherKey_ = key;
     StartVoucher(key);
   }
+  form_.GR1.SetTaken(gridRow);
   family_.StageRow(*this);
 }
 

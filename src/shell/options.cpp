@@ -52,11 +52,22 @@ void ShowOptionsDialog(ImportForm& importForm) {
   if (given) ConfirmOptions(importForm, *given);
 }
 
-void mnuOptions(ImportForm& importForm) {
+namespace {
+template <class Dialog>
+void OptionsThenRefresh(ImportForm& importForm, Dialog&& dialog) {
   importForm.Trap("F01-0036", [&] {
-    ShowOptionsDialog(importForm);
+    dialog();
     Refresh(importForm);
   });
+}
+}  // namespace
+
+void mnuOptions(ImportForm& importForm) {
+  OptionsThenRefresh(importForm, [&] { ShowOptionsDialog(importForm); });
+}
+
+void mnuOptions(ImportForm& importForm, const OptionsFields& answered) {
+  OptionsThenRefresh(importForm, [&] { ConfirmOptions(importForm, answered); });
 }
 
 void ReadFormats(ImportForm& importForm) {

@@ -25,6 +25,8 @@ void ConfirmOptions(form::ImportForm& importForm, const form::OptionsFields& fie
 void ShowOptionsDialog(form::ImportForm& importForm);
 /// The menu entry `mnuOptions`: the dialog, then Refresh whatever it gave.
 void mnuOptions(form::ImportForm& importForm);
+/// The same, with OK pressed on these fields by a face that asked by itself.
+void mnuOptions(form::ImportForm& importForm, const form::OptionsFields& answered);
 
 /// Reads the two patterns into the session.
 void ReadFormats(form::ImportForm& importForm);

@@ -49,7 +49,9 @@ void Post(ImportForm& importForm) {
   importForm.Trap("F01-0015", [&] {
     staging::PurgeAll(importForm.services.store);
     if (!IsReady(importForm) || !IsConfirmed(importForm)) return;
-    RunLoop(importForm, FindLoop(importForm, importForm.cmbTableName.text));
+    const sources::Loop loop = FindLoop(importForm, importForm.cmbTableName.text);
+    importForm.GR1.BeginRun();
+    RunLoop(importForm, loop);
     importForm.services.face.GridChanged();
     if (!importForm.SilentRun) {
       importForm.ShowBox({"Processing of data Completed.\r\nPlease check the Errors if any.",

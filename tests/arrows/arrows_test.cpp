@@ -53,7 +53,8 @@ const std::vector<Layer>& Layers() {
       {"shell/console",     {"platform/runtime", "form", "sources", "shell"}, {}},
       {"shell/format_tool", {"platform/runtime", "platform/xml", "gateway", "staging", "form",
                              "formats", "sources", "shell", "shell/console"}, {}},
-      {"shell/ui",          {"platform/runtime", "form", "sources", "shell"}, {"Q"}},
+      {"shell/ui",          {"platform/runtime", "platform/settings", "form", "sources", "shell"},
+                            {"Q"}},
       // A program of its own: it plays Tally and shares no code with what it tests but XML.
       {"practice",          {"platform/runtime", "platform/xml"}, {}},
   };

@@ -7,6 +7,7 @@
 #include "shell/post.h"
 #include "shell/refresh.h"
 #include "shell/run_report.h"
+#include "shell/run_summary.h"
 #include "sources/record_loading.h"
 #include "sources/source_controls.h"
 
@@ -69,6 +70,8 @@ const CommandReader::Command CommandReader::kCommands[] = {
     {"refresh",       "refresh",              "looks for Tally and its companies",         0, 0, &CommandReader::Refresh},
     {"post",          "post",                 "posts the rows; answer y to go on",         0, 0, &CommandReader::Post},
     {"save-report",   "save-report [PATH]",   "saves a line for each row and its status",  0, 1, &CommandReader::SaveReport},
+    {"summary",       "summary",              "counts the rows of the last run by outcome", 0, 0, &CommandReader::Summary},
+    {"save-failed",   "save-failed PATH",     "saves the rows that Tally does not have as a CSV", 1, 1, &CommandReader::SaveFailed},
     {"options",       "options [Key=Value ...]", "shows or stores the settings",           0, kAnyNumber, &CommandReader::Options},
     {"grid",          "grid [FROM [TO]]",     "prints the rows",                           0, 2, &CommandReader::Grid},
     {"marks",         "marks [FROM [TO]]",    "prints icon, colour, font and status",      0, 2, &CommandReader::Marks},
@@ -121,9 +124,7 @@ bool CommandReader::Execute(std::string_view line) {
     if (given < command.least || given > command.most) {
       Complain("usage: " + std::string(command.usage));
     } else {
-      // What a command of the form does is trapped below; this is for what the
-      // reader itself touches, such as a setting that cannot be stored.
-      form_.Trap("F01-0056", [&] { (this->*command.run)(words); });
+      (this->*command.run)(words);
     }
     face_.EraseLiveLine();
     output_.flush();
@@ -206,6 +207,16 @@ void CommandReader::SaveReport(const Words& words) {
   }
 }
 
+void CommandReader::Summary(const Words&) {
+  const RunSummary summary = SummarizeRun(form_.GR1);
+  for (const ResultName& name : kResultNames) {
+    output_ << name.key << '\t' << summary.Rows(name.result) << '\n';
+  }
+  output_ << "rows\t" << summary.Total() << '\n';
+}
+
+void CommandReader::SaveFailed(const Words& words) { SaveFailedRows(form_, words[1]); }
+
 void CommandReader::Options(const Words& words) {
   OptionsFields fields = OptionsAsShown(form_);
   if (words.size() == 1) {
@@ -220,8 +231,7 @@ void CommandReader::Options(const Words& words) {
                       DescribeOptions(OptionsAsShown(form_)));
     }
   }
-  ConfirmOptions(form_, fields);
-  shell::Refresh(form_);
+  mnuOptions(form_, fields);
 }
 
 void CommandReader::PrintRows(const Words& words, RowPrinter print) {

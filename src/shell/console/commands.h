@@ -52,6 +52,8 @@ class CommandReader {
   void Refresh(const Words& words);
   void Post(const Words& words);
   void SaveReport(const Words& words);
+  void Summary(const Words& words);
+  void SaveFailed(const Words& words);
   void Options(const Words& words);
   void Grid(const Words& words);
   void Marks(const Words& words);

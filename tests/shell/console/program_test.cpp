@@ -244,7 +244,7 @@ TEST_F(ConsoleProgram, SettingsThatCannotBeStoredEndTheStart) {
     return ReplaceAll(ErrorBox(76, fault, where), "=> LOCATION",
                       "  API Error: (20) Not a directory\n=> LOCATION");
   };
-  EXPECT_EQ(printed_, box("F01-0029") + ">>Select Import Type<<\n" + box("F01-0056"));
+  EXPECT_EQ(printed_, box("F01-0029") + ">>Select Import Type<<\n" + box("F01-0036"));
 }
 
 TEST_F(ConsoleProgram, WithoutAFolderOfItsOwnTellsWhyItEnds) {

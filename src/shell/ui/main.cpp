@@ -1,0 +1,33 @@
+#include <QApplication>
+#include <exception>
+#include <iostream>
+
+#include "shell/application.h"
+#include "shell/command_line.h"
+#include "shell/ui/about_dialog.h"
+#include "shell/ui/main_window.h"
+
+int main(int argc, char** argv) try {
+  using namespace vorlane::shell;
+  // The arguments are the program's own; the toolkit would take those with a "-".
+  int toolkitArguments = 1;
+  QApplication desktop(toolkitArguments, argv);
+  QApplication::setDesktopFileName("vorlane");
+  ui::SplashWindow splash;
+  splash.show();
+  ui::MainWindow window;
+  window.SetSplash(&splash);
+  Application application(window);
+  window.show();
+  QApplication::processEvents();
+  const bool staysOpen =
+      window.LoadForm(application.Form(), RunOrder(RebuildCommandLine(argc, argv)));
+  splash.close();
+  if (staysOpen) QApplication::exec();
+  // How a run went is told by its report and the log, not by an exit code.
+  return 0;
+} catch (const std::exception& fault) {
+  // Only what comes before there is a form: no folder of its own, no home.
+  std::cerr << "vorlane: " << fault.what() << std::endl;
+  return 1;
+}
