@@ -273,6 +273,23 @@ std::uint64_t WriteLedgersCsv(const std::string& path, std::uint64_t rows) {
                   });
 }
 
+std::uint64_t WriteStockItemsGstCsv(const std::string& path, std::uint64_t rows) {
+  return WriteCsv(path,
+                  "SrNo,Name,NameAlias,Parent,BaseUnits,SupplyType,ApplicableFrom,HSNCode,"
+                  "HSNDescription,Taxability,GSTRate,CessRate,OpeningQty,OpeningRate,"
+                  "OpeningValue\r\n",
+                  rows, [](std::uint64_t serial, std::string& line) {
+                    const std::string number = std::to_string(serial);
+                    line += number;
+                    AppendField(line, "Wood Screw No. " + number);
+                    AppendField(line, "WS" + number);
+                    AppendField(line, "Fasteners");
+                    line += ",Nos,Goods,01-04-2025,7318,Screws and bolts,Taxable,";
+                    line += serial % 2 == 0 ? "18,1," : "28,12,";
+                    line += number + " Nos,1.25/Nos," + number + ".50\r\n";
+                  });
+}
+
 std::uint64_t WriteVatCsv(const std::string& path, std::uint64_t rows) {
   return WriteCsv(
       path,

@@ -32,6 +32,9 @@ std::uint64_t WriteLedgersCsv(const std::string& path, std::uint64_t rows);
 /// bill, two stock lines, and the tax.
 std::uint64_t WriteVatCsv(const std::string& path, std::uint64_t rows);
 
+/// Writes STOCKITEMSGST rows likewise, an item each with its HSN code and rates.
+std::uint64_t WriteStockItemsGstCsv(const std::string& path, std::uint64_t rows);
+
 /// Writes an .xls workbook with the sheets VOUCHERREGISTER, of 8 amount columns,
 /// and its map. Needs python3 like WriteVouchersXls.
 std::uint64_t WriteRegisterXls(const std::string& path, std::uint64_t rows);

@@ -20,6 +20,7 @@ from xml.sax.saxutils import escape, quoteattr
 import xlwt
 
 sys.dont_write_bytecode = True  # the folder holds samples and nothing else
+import gst_tables as gst
 import inventory_voucher_tables as inventory
 import item_tables as items
 import register_tables as registers
@@ -128,6 +129,13 @@ WORKBOOKS = {
         "SERVICETAXTRANSACTIONS": vouchers.SERVICETAXTRANSACTIONS,
         "STTDSTRANSACTIONS": vouchers.STTDSTRANSACTIONS,
         "COSTTRANSACTIONS": vouchers.COSTTRANSACTIONS,
+    },
+    "gst.xls": {
+        "UNITS": gst.UNITS,
+        "LEDGERSGST": gst.LEDGERSGST,
+        "STOCKITEMSGST": gst.STOCKITEMSGST,
+        "TRANSACTIONSGST": gst.TRANSACTIONSGST,
+        "SALESBILLS": gst.SALESBILLS,
     },
     "ledgers-and-items.xls": {
         "LEDGERS": items.LEDGERS,

@@ -1,6 +1,5 @@
 #include "posting/voucher_run.h"
 
-#include "form/row_outcome.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/number.h"
 #include "platform/runtime/text.h"
@@ -17,7 +16,8 @@ VoucherRun::VoucherRun(ImportForm& importForm, VoucherFamily& family)
       amountFormat_(importForm.AmountFormat),
       writers_(importForm.services.store, importForm.services.reporter),
       documents_(importForm.services.store, importForm.services.gateway),
-      reader_(importForm) {}
+      reader_(importForm),
+      marker_(importForm) {}
 
 void VoucherRun::Run() {
   form_.Trap(family_.Location(), [&] {
@@ -149,57 +149,12 @@ void VoucherRun::StartVoucher(const std::string& key) {
 }
 
 void VoucherRun::ShowOutcome(std::size_t gridRow, const std::string& status) {
-  ImportGrid& grid = form_.GR1;
-  if (statusColumn_ == 0) statusColumn_ = grid.ColumnIndex(ImportGrid::kStatusKey);
-  grid.SetText(gridRow, statusColumn_, status);
-  grid.SetAnswered(gridRow);
-  switch (form::ClassifyDigest(status)) {
-    case form::Outcome::Refused:
-      if (family_.Groups() == Grouping::ByKey) {
-        ReportErrorByVID(prevVoucherKey_, "ID");
-      } else {
-        PaintRefused(gridRow);  // the row is the whole voucher
-      }
-      grid.SetIcon(gridRow, form::kIconStopped);
-      break;
-    case form::Outcome::Created:
-    case form::Outcome::Altered:
-      grid.SetIcon(gridRow, form::kIconDone);
-      break;
-    case form::Outcome::Unclassified:
-      break;
+  if (family_.Groups() == Grouping::ByKey) {
+    marker_.MarkVoucher(gridRow, prevVoucherKey_, status);
+  } else {
+    marker_.MarkSingleRow(gridRow, status);
   }
-  grid.SelectRow(gridRow);
-  form_.services.face.RowMarked(gridRow);
   form_.stat("msg", "Processed Document: " + vchID_);
-}
-
-void VoucherRun::PaintRefused(std::size_t gridRow) {
-  form_.GR1.SetForeColour(gridRow, form::kRed);
-  form_.GR1.SetStatusBold(gridRow);
-  form_.services.face.RowMarked(gridRow);
-}
-
-void VoucherRun::ReportErrorByVID(const std::string& key, std::string_view columnName) {
-  form_.Trap("F01-0027", [&] {
-    ImportGrid& grid = form_.GR1;
-    grid.SetRedraw(false);
-    // An ID in the very first field groups rows but is not painted.
-    if (form_.FindListedColumn(columnName) >= 1) {
-      if (rowsOfId_.empty()) {
-        const std::size_t column = grid.ColumnIndex(columnName);
-        for (std::size_t gridRow = 1; gridRow <= grid.RowCount(); ++gridRow) {
-          rowsOfId_[std::string(grid.Text(gridRow, column))].push_back(gridRow);
-        }
-      }
-      std::vector<std::size_t>& rows = rowsOfId_[key];
-      for (const std::size_t gridRow : rows) {
-        PaintRefused(gridRow);
-      }
-      rows.clear();  // painted once is painted for the run
-    }
-    grid.SetRedraw(true);
-  });
 }
 
 }  // namespace vorlane::posting

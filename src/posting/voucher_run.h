@@ -5,11 +5,11 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 #include "form/grid_reader.h"
 #include "form/import_form.h"
+#include "form/row_outcome.h"
 #include "platform/runtime/format.h"
 #include "posting/voucher_row.h"
 #include "staging/writers.h"
@@ -127,8 +127,6 @@ class VoucherRun {
   void StartVoucher(const std::string& key);
   void SendVoucher(std::size_t outcomeRow);
   void ShowOutcome(std::size_t gridRow, const std::string& status);
-  void PaintRefused(std::size_t gridRow);
-  void ReportErrorByVID(const std::string& key, std::string_view columnName);
 
   form::ImportForm& form_;
   VoucherFamily& family_;
@@ -136,15 +134,12 @@ class VoucherRun {
   staging::StagingWriters writers_;
   vouchers::VoucherDocumentWriter documents_;
   form::GridReader reader_;
+  form::VoucherRowMarker marker_;
   std::vector<BoundColumn> boundColumns_;
   bool hasId_ = false;
-  std::size_t statusColumn_ = 0;
   std::int32_t voucherNumber_ = 1;
   std::string vchID_ = "1";
   std::string prevVoucherKey_ = "00";
-  // The rows of each ID, gathered when the first voucher is refused: a search of
-  // the whole grid for each of them made a run of refusals quadratic.
-  std::unordered_map<std::string, std::vector<std::size_t>> rowsOfId_;
 };
 
 }  // namespace vorlane::posting

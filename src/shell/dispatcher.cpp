@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "formats/format_catalogue.h"
+#include "formats/format_posting.h"
+#include "formats/gst_master_loops.h"
 #include "masters/master_loops.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
@@ -34,13 +36,19 @@ constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
     {Loop::PostAttendance, posting::PostAttendance},
     {Loop::PostBankStmt, posting::PostBankStmt},
     {Loop::PostCostCategories, masters::PostCostCategories},
+    {Loop::PostCostCategoriesGST, formats::PostCostCategoriesGST},
     {Loop::PostCostCentres, masters::PostCostCentres},
+    {Loop::PostCostCentresGST, formats::PostCostCentresGST},
     {Loop::PostCostTransaction, posting::PostCostTransaction},
     {Loop::PostCrDrNotes, posting::PostCrDrNotes},
+    {Loop::PostCustomFormat, formats::PostCustomFormat},
     {Loop::PostGodowns, masters::PostGodowns},
+    {Loop::PostGodownsGST, formats::PostGodownsGST},
     {Loop::PostItemizedTransaction, posting::PostItemizedTransaction},
     {Loop::PostLedgerGroups, masters::PostLedgerGroups},
+    {Loop::PostLedgerGroupsGST, formats::PostLedgerGroupsGST},
     {Loop::PostLedgers, masters::PostLedgers},
+    {Loop::PostLedgersGST, formats::PostLedgersGST},
     {Loop::PostNotes, posting::PostNotes},
     {Loop::PostOrders, posting::PostOrders},
     {Loop::PostPhysicalStock, posting::PostPhysicalStock},
@@ -48,12 +56,17 @@ constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
     {Loop::PostSTTDSTransaction, posting::PostSTTDSTransaction},
     {Loop::PostServTaxTransaction, posting::PostServTaxTransaction},
     {Loop::PostStockCategories, masters::PostStockCategories},
+    {Loop::PostStockCategoriesGST, formats::PostStockCategoriesGST},
     {Loop::PostStockGroups, masters::PostStockGroups},
+    {Loop::PostStockGroupsGST, formats::PostStockGroupsGST},
     {Loop::PostStockItems, masters::PostStockItems},
+    {Loop::PostStockItemsGST, formats::PostStockItemsGST},
     {Loop::PostStockJV, posting::PostStockJV},
     {Loop::PostTDSTransaction, posting::PostTDSTransaction},
     {Loop::PostTransaction, posting::PostTransaction},
+    {Loop::PostTransactionGST, formats::PostTransactionGST},
     {Loop::PostUnits, masters::PostUnits},
+    {Loop::PostUnitsGST, formats::PostUnitsGST},
     {Loop::PostVATTransaction, posting::PostVATTransaction},
     {Loop::PostVATTransactionMC, posting::PostVATTransactionMC},
     {Loop::PostVoucherRegister, posting::PostVoucherRegister},

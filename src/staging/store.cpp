@@ -186,6 +186,12 @@ Statement StagingStore::Query(std::string_view sql, std::initializer_list<std::s
   return statement;
 }
 
+StoreVersion StagingStore::Version() {
+  Statement row = Query("Pragma data_version");
+  row.Step();
+  return {row.Integer("data_version").value_or(0), sqlite3_total_changes64(connection_->Handle())};
+}
+
 WriteBracket::WriteBracket(StagingStore& store) : store_(store) {
   try {
     store_.Execute("Begin");

@@ -53,6 +53,13 @@ class Statement {
   bool atEnd_ = false;
 };
 
+/// A state of the store, as far as writing could have changed it.
+struct StoreVersion {
+  std::int64_t ofOthers = -1;
+  std::int64_t own = -1;
+  bool operator==(const StoreVersion&) const = default;
+};
+
 /// The program's own database, Vorlane20.DAT: the staging tables and the tables
 /// of the custom formats.
 ///
@@ -91,6 +98,10 @@ class StagingStore {
 
   /// Starts a read. The texts are copied.
   Statement Query(std::string_view sql, std::initializer_list<std::string_view> texts = {});
+
+  /// Differs from before when this or another program has written since. Asked
+  /// outside of brackets, whose reads see one state.
+  StoreVersion Version();
 
  private:
   friend class ReadBracket;

@@ -12,7 +12,9 @@
 #include <unistd.h>
 
 #include "platform/runtime/failure.h"
+#include "staging/format_text.h"
 #include "staging/schema.h"
+#include "staging/shipped_formats.h"
 #include "staging/sqlite_connection.h"
 
 namespace vorlane::staging {
@@ -34,10 +36,47 @@ void RemoveSidecars(const fs::path& file) {
   for (const char* suffix : kSidecars) RemoveQuietly(file.string() + suffix);
 }
 
+void InsertRow(SqliteConnection& connection, std::string_view table,
+               std::span<const FormatColumn> columns, const std::string& number,
+               const FormatCells& cells) {
+  std::string names = "TNo";
+  std::string places = "?";
+  for (const FormatColumn& column : columns) {
+    names.append(",").append(column.column);
+    places += ",?";
+  }
+  const std::string sql =
+      "Insert into " + std::string(table) + " (" + names + ") values (" + places + ")";
+  const StatementHandle statement = connection.Prepare(sql);
+  const auto bind = [&](int place, const std::string& text) {
+    sqlite3_bind_text(statement.get(), place, text.data(), static_cast<int>(text.size()),
+                      SQLITE_TRANSIENT);
+  };
+  bind(1, number);
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (cells[i]) bind(static_cast<int>(i) + 2, *cells[i]);
+  }
+  if (sqlite3_step(statement.get()) != SQLITE_DONE) connection.Fail(sql);
+}
+
 // Where a new store gets the custom formats that come with the program. Runs
 // inside the transaction that makes the tables, so a store has all of them or
 // does not exist; a store that exists is never given any.
-void AddShippedFormats(SqliteConnection&) {}
+void AddShippedFormats(SqliteConnection& connection) {
+  static constexpr FormatColumn kHeadColumns[] = {
+      {"format", "TName"}, {"type", "TType"}, {"source", "TSource"}};
+  for (const ShippedFormat& shipped : ShippedFormats()) {
+    const FormatDefinition format = ParseFormatText(shipped.text, shipped.file);
+    InsertRow(connection, "VorlaneMst_", kHeadColumns, format.number,
+              {format.name, format.type, format.source});
+    for (const FormatCells& tag : format.tags) {
+      InsertRow(connection, "VorlaneDet_", FormatTagColumns(), format.number, tag);
+    }
+    for (const FormatCells& group : format.groups) {
+      InsertRow(connection, "VorlaneGrp_", FormatGroupColumns(), format.number, group);
+    }
+  }
+}
 
 [[noreturn]] void FailCreation(std::int32_t failureNumber, const fs::path& file,
                                const std::string& fault, int systemError) {

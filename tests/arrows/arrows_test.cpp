@@ -27,7 +27,7 @@ const std::vector<Layer>& Layers() {
       {"platform/runtime",  {}, {"glib.h"}},
       {"platform/system",   {"platform/runtime"}, {}},
       {"platform/settings", {"platform/runtime", "platform/system"}, {}},
-      {"platform/script",   {"platform/runtime"}, {}},
+      {"platform/script",   {"platform/runtime", "platform/system"}, {}},
       {"platform/xml",      {"platform/runtime"}, {"libxml/"}},
       {"platform/http",     {"platform/runtime", "platform/system"}, {"curl/"}},
       {"platform/data",     {"platform/runtime", "platform/system", "platform/xml"},
@@ -41,7 +41,7 @@ const std::vector<Layer>& Layers() {
       {"vouchers",          {"platform/runtime", "platform/xml", "errors", "gateway", "staging"}, {}},
       {"masters",           {"platform/runtime", "platform/xml", "errors", "gateway", "form"}, {}},
       // The list builders and the loaders ask for the custom formats, so these stand below.
-      {"formats",           {"platform/runtime", "platform/script", "platform/xml", "errors",
+      {"formats",           {"platform/runtime", "platform/system", "platform/script", "platform/xml", "errors",
                              "gateway", "staging", "form", "masters"}, {}},
       {"sources",           {"platform/runtime", "platform/data", "errors", "staging", "form",
                              "formats"}, {}},
@@ -51,6 +51,8 @@ const std::vector<Layer>& Layers() {
                              "gateway", "staging", "form", "masters", "formats", "sources",
                              "posting"}, {}},
       {"shell/console",     {"platform/runtime", "form", "sources", "shell"}, {}},
+      {"shell/format_tool", {"platform/runtime", "platform/xml", "gateway", "staging", "form",
+                             "formats", "sources", "shell", "shell/console"}, {}},
       {"shell/ui",          {"platform/runtime", "platform/settings", "form", "sources", "shell"},
                             {"Q"}},
       // A program of its own: it plays Tally and shares no code with what it tests but XML.

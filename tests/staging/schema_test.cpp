@@ -94,6 +94,7 @@ TEST_F(SchemaTest, PostPurgeEmptiesAllButBankRowsAndDescriptions) {
     store_->Execute("Insert into " + std::string(table.name) +
                     " (CompanyName) values ('A'), ('B')");
   }
+  store_->Execute("Delete from VorlaneMst_");
   store_->Execute("Insert into VorlaneMst_ (TName) values ('MINE')");
   PurgeAll(*store_);
   PurgeAll(*store_);  // empty tables purge without error

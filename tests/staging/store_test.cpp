@@ -3,6 +3,7 @@
 #include <chrono>
 #include <thread>
 
+#include "staging/shipped_formats.h"
 #include "tests/staging/store_fixture.h"
 
 namespace vorlane::staging {
@@ -13,7 +14,7 @@ namespace number = platform::failure_number;
 
 TEST_F(StoreTest, MissingFileIsCreatedOnFirstUseAndNotBefore) {
   EXPECT_FALSE(fs::exists(file_));
-  EXPECT_EQ(Value("Select count(*) from VorlaneMst_"), "0");
+  EXPECT_EQ(Value("Select count(*) from VorlaneMst_"), std::to_string(ShippedFormats().size()));
   EXPECT_EQ(Value("Select count(*) from EXCISEITEMGODOWN"), "0");
   store_.reset();
   std::vector<fs::path> left;
