@@ -134,8 +134,8 @@ std::string VoucherRun::VoucherKey() {
 }
 
 void VoucherRun::SendVoucher(std::size_t outcomeRow) {
-  writers_.CloseVoucher();
-  ShowOutcome(outcomeRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create"));
+  ShowOutcome(outcomeRow, documents_.WriteVoucherDocument(Company(), vchID_, "Create",
+                                                          [&] { writers_.CloseVoucher(); }));
   vchID_ = std::to_string(++voucherNumber_);
 }
 

@@ -113,6 +113,8 @@ SqliteConnection::SqliteConnection(const std::filesystem::path& file, Open open,
   if (result != SQLITE_OK) Fail({});
   sqlite3_busy_timeout(handle, kLockWaitMilliseconds);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
+  // Small pieces of memory at hand for all the statements that stay prepared.
+  sqlite3_db_config(handle, SQLITE_DBCONFIG_LOOKASIDE, nullptr, 1200, 800);
   sqlite3_db_config(handle, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
   const int added = sqlite3_create_function_v2(handle, "val", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC,
                                                nullptr, ValFunction, nullptr, nullptr, nullptr);

@@ -1,5 +1,7 @@
 #include "vouchers/voucher_document.h"
 
+#include <optional>
+
 #include "errors/trap.h"
 #include "gateway/import_envelope.h"
 #include "vouchers/voucher_walk.h"
@@ -7,6 +9,8 @@
 namespace vorlane::vouchers {
 
 namespace {
+
+constexpr std::string_view kWhereWrite = "C01-0020";
 
 /// The columns that the tags read, by position; a tag without one reads a null.
 std::string ColumnList(std::string_view first, std::span<const VoucherTag> tags) {
@@ -78,14 +82,16 @@ platform::XmlDocument VoucherDocumentWriter::BuildDocument(std::string_view comp
   return std::move(*envelope);
 }
 
-std::string VoucherDocumentWriter::WriteVoucherDocument(std::string_view companyName,
-                                                        std::string_view vchID,
-                                                        std::string_view action) {
+std::string VoucherDocumentWriter::WriteVoucherDocument(
+    std::string_view companyName, std::string_view vchID, std::string_view action,
+    const std::function<void()>& beforeSending) {
   std::string digest;
-  errors::Trap(tally_.Reporter(), "C01-0020", [&] {
-    platform::XmlDocument document = BuildDocument(companyName, vchID, action);
-    digest = tally_.SendToGateway(document);
-  });
+  std::optional<platform::XmlDocument> document;
+  errors::Trap(tally_.Reporter(), kWhereWrite,
+               [&] { document = BuildDocument(companyName, vchID, action); });
+  if (beforeSending) beforeSending();
+  if (!document) return digest;
+  errors::Trap(tally_.Reporter(), kWhereWrite, [&] { digest = tally_.SendToGateway(*document); });
   return digest;
 }
 

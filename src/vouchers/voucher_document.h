@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,8 +25,10 @@ class VoucherDocumentWriter {
   /// Tally's digest. A failure is reported and gives an empty text: before the
   /// exchange it means that nothing was sent. May be called again for the same
   /// voucher, which is then sent again.
+  /// `beforeSending` is called once the voucher is read, or was not to be read.
   std::string WriteVoucherDocument(std::string_view companyName, std::string_view vchID,
-                                   std::string_view action);
+                                   std::string_view action,
+                                   const std::function<void()>& beforeSending = {});
 
   /// The document without sending it. Failures rise.
   platform::XmlDocument BuildDocument(std::string_view companyName, std::string_view vchID,

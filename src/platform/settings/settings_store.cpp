@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <ctime>
 #include <optional>
 #include <system_error>
 #include <thread>
@@ -148,10 +149,30 @@ std::string SettingsStore::Read(std::string_view section, std::string_view key) 
   return value;
 }
 
+// The text of the last read as long as the file is the same: the address is asked
+// for at each exchange. A file that has just changed may change again within one
+// tick of the file system's clock, so its text is not kept.
+const std::string& SettingsStore::TextNow() const {
+  constexpr std::int64_t kSecond = 1'000'000'000;
+  struct stat facts {};
+  Stamp now;
+  if (::stat(file_.c_str(), &facts) == 0) {
+    now = {facts.st_dev, facts.st_ino, facts.st_size,
+           facts.st_ctim.tv_sec * kSecond + facts.st_ctim.tv_nsec};
+    if (now == stamp_) return text_;
+  }
+  stamp_ = {};
+  text_ = ReadWholeFile(file_);
+  timespec clock{};
+  ::clock_gettime(CLOCK_REALTIME, &clock);
+  if (clock.tv_sec * kSecond + clock.tv_nsec - now.changed > kSecond) stamp_ = now;
+  return text_;
+}
+
 void SettingsStore::ReadInto(std::string_view section, std::span<const std::string_view> keys,
                              std::span<std::string> values) const {
   try {
-    const std::string text = ReadWholeFile(file_);
+    const std::string& text = TextNow();
     for (std::size_t i = 0; i < keys.size(); ++i) {
       const Place place = FindSetting(text, section, keys[i]);
       if (!place.value) continue;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <span>
 #include <string>
@@ -20,7 +21,8 @@ std::filesystem::path SettingsFilePath();
 /// A value is all that stands behind the first "=", blanks, quotes, ";" and "#"
 /// included: no character has a meaning in it, and so none needs escaping, but a
 /// value is one line. Names of sections and keys are found in any case. The file
-/// is read at each call, since another process may change it between two.
+/// is looked at in each call, since another process may change it between two.
+/// For use by one thread.
 class SettingsStore {
  public:
   explicit SettingsStore(std::filesystem::path file) : file_(std::move(file)) {}
@@ -47,7 +49,19 @@ class SettingsStore {
   void ReadInto(std::string_view section, std::span<const std::string_view> keys,
                 std::span<std::string> values) const;
 
+  /// What tells one state of the file from the next.
+  struct Stamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::int64_t size = -1;
+    std::int64_t changed = 0;  ///< nanoseconds since 1970
+    bool operator==(const Stamp&) const = default;
+  };
+  const std::string& TextNow() const;
+
   std::filesystem::path file_;
+  mutable std::string text_;  // of the file with this stamp
+  mutable Stamp stamp_;
 };
 
 }  // namespace vorlane::platform
