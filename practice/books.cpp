@@ -6,12 +6,21 @@
 
 namespace vorlane::practice {
 
-VoucherShelf::Stored VoucherShelf::Put(const std::string& remoteId) {
-  // No sender's REMOTEID begins with a blank: they arrive trimmed.
-  const auto [place, isNew] =
-      ids_.try_emplace(remoteId.empty() ? " " + std::to_string(lastId_ + 1) : remoteId);
-  if (isNew) place->second = ++lastId_;
-  return {place->second, isNew};
+VoucherShelf::Stored VoucherShelf::Put(Voucher voucher) {
+  const auto found = voucher.remoteId.empty() ? ids_.end() : ids_.find(voucher.remoteId);
+  const bool isNew = found == ids_.end();
+  const int id = isNew ? ++lastId_ : found->second;
+  if (isNew && !voucher.remoteId.empty()) ids_.emplace(voucher.remoteId, id);
+  vouchers_.insert_or_assign(id, std::move(voucher));
+  return {id, isNew};
+}
+
+bool VoucherShelf::Remove(const std::string& remoteId) {
+  const auto found = ids_.find(remoteId);
+  if (found == ids_.end()) return false;
+  vouchers_.erase(found->second);
+  ids_.erase(found);
+  return true;
 }
 
 CompanyBooks::CompanyBooks(std::string name) : name_(std::move(name)) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <list>
+#include <map>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -18,10 +19,21 @@ struct Master {
   std::string parent;  ///< as it was sent; empty: the root
 };
 
-/// The vouchers of one company: which there are, not what they hold.
+/// What the books keep of a voucher.
+struct Voucher {
+  std::string remoteId;  ///< empty: sent without one
+  std::string type;
+  std::string number;
+  std::string date;   ///< eight digits, the year first
+  std::string party;  ///< the party ledger, or else the first ledger of its lists
+  std::string amount;
+};
+
+/// The vouchers of one company.
 class VoucherShelf {
  public:
-  std::size_t Count() const { return ids_.size(); }
+  /// By their ids.
+  const std::map<int, Voucher>& All() const { return vouchers_; }
 
   struct Stored {
     int id;
@@ -29,14 +41,15 @@ class VoucherShelf {
   };
   /// Stores a voucher in place of the one with the same REMOTEID, whose id it
   /// takes over. One without a REMOTEID is always new and cannot be named again.
-  Stored Put(const std::string& remoteId);
+  Stored Put(Voucher voucher);
   /// False when there is none with that REMOTEID.
-  bool Remove(const std::string& remoteId) { return ids_.erase(remoteId) > 0; }
+  bool Remove(const std::string& remoteId);
 
  private:
   // As in books that are in use: an id of 1 would read like one more counter.
   int lastId_ = 100;
-  std::unordered_map<std::string, int> ids_;
+  std::map<int, Voucher> vouchers_;
+  std::unordered_map<std::string, int> ids_;  // by REMOTEID
 };
 
 /// The masters and vouchers of one company. Names and aliases of a kind are one set of words;
@@ -55,7 +68,7 @@ class CompanyBooks {
 
   /// By name or alias; null when absent. A pointer lives until the master goes.
   const Master* Find(Kind kind, std::string_view name) const;
-  std::size_t Count(Kind kind) const { return ShelfOf(kind).masters.size(); }
+  const std::list<Master>& Masters(Kind kind) const { return ShelfOf(kind).masters; }
 
   /// Stores a master in place of the one called `oldName`, or as a new one when
   /// there is none. A word that another master has already stays with that one.

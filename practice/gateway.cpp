@@ -106,7 +106,9 @@ PracticeGateway::PracticeGateway(const std::vector<std::string>& companies) : bo
 
 Answer PracticeGateway::Handle(const Request& request) {
   const std::lock_guard lock(mutex_);
+  if (IsPageRequest(request)) return PageAnswer(books_, shown_, request.target);
   Answer answer = Respond(request);
+  Show(request.body, answer.body);
   if (!folder_.empty()) Record(request.body, answer.body);
   if (keepExchanges_) exchanges_.push_back({request, answer});
   return answer;
@@ -202,6 +204,11 @@ void PracticeGateway::RecordTo(const std::filesystem::path& folder) {
   recorded_ = 0;
   while (std::filesystem::exists(RecordPath(folder, recorded_ + 1, "request"), error)) ++recorded_;
   folder_ = folder;
+}
+
+void PracticeGateway::Show(const std::string& request, const std::string& answer) {
+  shown_.push_back({++handled_, ShownText(request), ShownText(answer)});
+  if (shown_.size() > kShownExchanges) shown_.pop_front();
 }
 
 void PracticeGateway::Record(const std::string& request, const std::string& answer) {

@@ -9,6 +9,7 @@
 
 #include "practice/books.h"
 #include "practice/http_server.h"
+#include "practice/page.h"
 
 namespace vorlane::practice {
 
@@ -34,6 +35,8 @@ class PracticeGateway {
  public:
   explicit PracticeGateway(const std::vector<std::string>& companies);
 
+  /// A browser that asks for "/" gets the page; that is no exchange: it is neither
+  /// kept nor recorded and takes no scripted turn.
   Answer Handle(const Request& request);
 
   /// Lays down the turns for the next requests of any kind, one each, behind
@@ -70,6 +73,7 @@ class PracticeGateway {
   Answer Respond(const Request& request);
   std::string RealBody(const Request& request);
   void Record(const std::string& request, const std::string& answer);
+  void Show(const std::string& request, const std::string& answer);
 
   mutable std::mutex mutex_;
   Books books_;
@@ -77,6 +81,8 @@ class PracticeGateway {
   std::deque<ScriptedTurn> importTurns_;
   bool keepExchanges_ = true;
   std::vector<Exchange> exchanges_;
+  std::deque<ShownExchange> shown_;
+  int handled_ = 0;
   std::filesystem::path folder_;  // empty: nothing is recorded
   int recorded_ = 0;
 };

@@ -96,9 +96,9 @@ Result ImportVoucher(const XmlNode& voucher, CompanyBooks& company) {
     if (company.Vouchers().Remove(remoteId)) return {Outcome::Deleted, {}};
     return Refused("Voucher '" + remoteId + "' does not exist!");
   }
-  std::vector<std::string> faults = FindVoucherFaults(voucher, company);
-  if (!faults.empty()) return {Outcome::Created, std::move(faults)};
-  const auto [id, isNew] = company.Vouchers().Put(remoteId);
+  CheckedVoucher checked = CheckVoucher(voucher, company);
+  if (!checked.faults.empty()) return {Outcome::Created, std::move(checked.faults)};
+  const auto [id, isNew] = company.Vouchers().Put(std::move(checked.voucher));
   return {isNew ? Outcome::Created : Outcome::Altered, {}, id};
 }
 

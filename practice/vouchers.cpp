@@ -6,6 +6,7 @@
 
 #include "platform/runtime/date.h"
 #include "practice/amounts.h"
+#include "practice/names.h"
 #include "practice/nodes.h"
 #include "practice/references.h"
 
@@ -41,6 +42,10 @@ class VoucherCheck {
     if (company_.Find(Kind::VoucherType, type) == nullptr)
       Add(DoesNotExist(Kind::VoucherType, type));
     CheckDate(ChildText(voucher, "DATE").value_or(""));
+    checked_.voucher.remoteId = TrimName(voucher.Attribute("REMOTEID").value_or(""));
+    checked_.voucher.type = std::move(type);
+    checked_.voucher.number = TrimName(ChildText(voucher, "VOUCHERNUMBER").value_or(""));
+    checked_.voucher.party = ChildText(voucher, "PARTYLEDGERNAME").value_or("");
   }
 
   void CheckReferences(const XmlNode& voucher) {
@@ -58,25 +63,27 @@ class VoucherCheck {
     }
   }
 
-  std::vector<std::string> Finish() {
-    if (faults_.empty() && debit_ + credit_ != 0)
+  CheckedVoucher Finish() {
+    if (checked_.faults.empty() && debit_ + credit_ != 0)
       Add("Voucher Totals do not match! Dr. " + AmountText(-debit_) + " Cr. " +
           AmountText(credit_) +
           " Diff: " + AmountText(std::max(-debit_, credit_) - std::min(-debit_, credit_)));
-    return std::move(faults_);
+    checked_.voucher.amount = AmountText(credit_);
+    return std::move(checked_);
   }
 
  private:
   void Add(std::string line) {
-    if (std::find(faults_.begin(), faults_.end(), line) == faults_.end())
-      faults_.push_back(std::move(line));
+    std::vector<std::string>& faults = checked_.faults;
+    if (std::find(faults.begin(), faults.end(), line) == faults.end())
+      faults.push_back(std::move(line));
   }
 
   void CheckDate(const std::string& date);
   void AddSide(const XmlNode& line, Side side);
 
   const CompanyBooks& company_;
-  std::vector<std::string> faults_;
+  CheckedVoucher checked_;
   Amount debit_ = 0;  // negative, as debits are written
   Amount credit_ = 0;
 };
@@ -86,33 +93,47 @@ bool AreDigits(std::string_view text, std::size_t least, std::size_t most) {
          text.find_first_not_of("0123456789") == text.npos;
 }
 
-// Whether there is such a day; the month by its number or its three letters.
-bool IsDay(const std::string& year, const std::string& month, const std::string& day) {
+// The eight digits of a day, if there is such a one; the month by its number or
+// its three letters.
+std::optional<std::string> DayDigits(const std::string& year, const std::string& month,
+                                     const std::string& day) {
   std::string name = month;
   if (AreDigits(month, 1, 2)) {
     const int number = std::stoi(month);
-    if (number < 1 || number > 12) return false;
+    if (number < 1 || number > 12) return std::nullopt;
     name = platform::kMonthNames[static_cast<std::size_t>(number - 1)].substr(0, 3);
   }
-  return name.size() == 3 && platform::IsDate(day + " " + name + " " + year);
+  if (name.size() != 3) return std::nullopt;
+  const auto date = platform::ParseDate(day + " " + name + " " + year);
+  if (!date) return std::nullopt;
+  std::string digits;
+  platform::AppendPadded(date->year, 4, digits);
+  platform::AppendPadded(date->month, 2, digits);
+  platform::AppendPadded(date->day, 2, digits);
+  return digits;
 }
 
-// The product reads 20240401, 01-04-2024 and 1-Apr-2024, and no time behind them.
-bool IsTallyDate(const std::string& date) {
-  if (AreDigits(date, 8, 8)) return IsDay(date.substr(0, 4), date.substr(4, 2), date.substr(6));
+}  // namespace
+
+std::optional<std::string> ReadTallyDate(const std::string& date) {
+  if (AreDigits(date, 8, 8)) return DayDigits(date.substr(0, 4), date.substr(4, 2), date.substr(6));
   const std::size_t first = date.find('-');
   const std::size_t last = date.rfind('-');
-  if (first == last) return false;
+  if (first == last) return std::nullopt;
   const std::string day = date.substr(0, first);
   const std::string year = date.substr(last + 1);
-  return AreDigits(day, 1, 2) && AreDigits(year, 4, 4) &&
-         IsDay(year, date.substr(first + 1, last - first - 1), day);
+  if (!AreDigits(day, 1, 2) || !AreDigits(year, 4, 4)) return std::nullopt;
+  return DayDigits(year, date.substr(first + 1, last - first - 1), day);
 }
+
+namespace {
 
 void VoucherCheck::CheckDate(const std::string& date) {
   if (date.empty()) {
     Add("Voucher date is missing");
-  } else if (!IsTallyDate(date)) {
+  } else if (auto digits = ReadTallyDate(date)) {
+    checked_.voucher.date = *std::move(digits);
+  } else {
     Add("The date " + date + " is Out of Range");
   }
 }
@@ -123,6 +144,8 @@ void VoucherCheck::AddSide(const XmlNode& line, Side side) {
   const std::string text = ChildText(line, "AMOUNT").value_or("");
   if (const auto amount = ParseAmount(text)) {
     (*amount < 0 ? debit_ : credit_) += *amount;
+    if (checked_.voucher.party.empty())
+      checked_.voucher.party = ChildText(line, "LEDGERNAME").value_or("");
   } else {
     Add("Amount '" + text + "' is not a number!");  // in our own words
   }
@@ -130,7 +153,7 @@ void VoucherCheck::AddSide(const XmlNode& line, Side side) {
 
 }  // namespace
 
-std::vector<std::string> FindVoucherFaults(const XmlNode& voucher, const CompanyBooks& company) {
+CheckedVoucher CheckVoucher(const XmlNode& voucher, const CompanyBooks& company) {
   VoucherCheck check(company);
   check.CheckHead(voucher);
   check.CheckReferences(voucher);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -8,10 +9,18 @@
 
 namespace vorlane::practice {
 
-/// The lines that refuse a voucher, each once: masters that it names in vain, a
-/// date that is missing or none, and, when that is all in order, unequal sides.
-/// Empty when it can be taken.
-std::vector<std::string> FindVoucherFaults(const platform::XmlNode& voucher,
-                                           const CompanyBooks& company);
+/// The eight digits, the year first, of a date as the product reads it: 20240401,
+/// 01-04-2024 and 1-Apr-2024, and no time behind them. Nothing for all others.
+std::optional<std::string> ReadTallyDate(const std::string& date);
+
+struct CheckedVoucher {
+  /// The lines that refuse the voucher, each once: masters that it names in vain, a
+  /// date that is missing or none, and, when that is all in order, unequal sides.
+  /// Empty when it can be taken.
+  std::vector<std::string> faults;
+  Voucher voucher;  ///< for the books; of use without faults alone
+};
+
+CheckedVoucher CheckVoucher(const platform::XmlNode& voucher, const CompanyBooks& company);
 
 }  // namespace vorlane::practice
