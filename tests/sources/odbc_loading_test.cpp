@@ -172,9 +172,9 @@ TEST_F(OdbcFaults, LeaveTheGrid) {
   EXPECT_TRUE(face_.boxes.empty());
   EXPECT_EQ(form_.cmbTableName.entries.size(), 4u);
 
-  PickTable(form_, "EMPLOYEES");  // for workbooks alone
+  PickTable(form_, "NOSUCHTYPE");
   EXPECT_EQ(face_.BoxesInShort(),
-            Lines{"Sheet named as  <EMPLOYEES>  not found in the specified Excel file."});
+            Lines{"Sheet named as  <NOSUCHTYPE>  not found in the specified Excel file."});
   EXPECT_EQ(Grid(), (Lines{"", ""}));
 }
 
