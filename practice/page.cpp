@@ -121,10 +121,10 @@ class Page {
     return false;
   }
 
-  void AddMasters(const MasterKind& kind, const std::list<Master>& masters) {
+  void AddMasters(const MasterKind& kind, const std::map<int, Master>& masters) {
     std::string rows;
     std::size_t count = 0;
-    for (const Master& master : masters | std::views::reverse)
+    for (const auto& [id, master] : masters | std::views::reverse)
       if (Matches({master.name, master.alias, master.parent}) && ++count <= kShownRows)
         AddRow({master.name, master.alias, master.parent}, rows);
     AddTable(kind.noun, "<th>Name<th>Alias<th>Under", count, rows);
