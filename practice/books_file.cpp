@@ -31,8 +31,6 @@ void MakeTables(Database& database) {
     database.Fail(number::kProviderError, "it is a database, but not of practice books");
   if (!empty && database.Number("Pragma user_version") != kVersion)
     database.Fail(number::kProviderError, "it is of another version of this program");
-  // Small pages: each import sends the pages that it touches to the log whole.
-  if (empty) database.Run("Pragma page_size=1024");
   database.Run("Pragma journal_mode=WAL");
   database.Run("Pragma synchronous=NORMAL");
   // Folding the log into the file waits for the disk, so it is done seldom.

@@ -1,7 +1,11 @@
 #include "practice/database.h"
 
+#include <cerrno>
 #include <cstring>
 #include <utility>
+
+#include <fcntl.h>
+#include <unistd.h>
 
 #include "platform/runtime/failure.h"
 
@@ -22,7 +26,7 @@ constexpr Fault kFaults[] = {
     {SQLITE_READONLY, number::kPermissionDenied, "it can only be read"},
     {SQLITE_PERM, number::kPermissionDenied, "access is denied"},
     {SQLITE_FULL, number::kDiskFull, "there is no room on its disk"},
-    {SQLITE_CANTOPEN, number::kPathFileAccess, "it or its folder cannot be opened"},
+    {SQLITE_CANTOPEN, number::kPathFileAccess, "it cannot be opened"},
     {SQLITE_IOERR, number::kPathFileAccess, "it cannot be read or written"},
     {SQLITE_NOTADB, number::kProviderError, "it is no database"},
     {SQLITE_CORRUPT, number::kProviderError, "it is damaged"},
@@ -31,10 +35,7 @@ constexpr Fault kFaults[] = {
 }  // namespace
 
 Database::Database(std::filesystem::path file) : file_(std::move(file)) {
-  std::error_code error;
-  const auto status = std::filesystem::status(file_, error);
-  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
-    Fail(number::kBadFileName, "it is no file");
+  MakeWritable();
   // A full path, since the library takes some other names for more than a file.
   const std::string path = std::filesystem::absolute(file_).string();
   sqlite3* handle = nullptr;
@@ -43,9 +44,26 @@ Database::Database(std::filesystem::path file) : file_(std::move(file)) {
   const int result = sqlite3_open_v2(path.c_str(), &handle, flags, nullptr);
   handle_.reset(handle);
   if (result != SQLITE_OK) Fail();
+  // Small pages: each import sends the pages that it touches to the log whole. Of a
+  // file that has pages they stay as they are.
+  Run("Pragma page_size=1024");
   Run("Pragma locking_mode=EXCLUSIVE");
   Run("Begin Exclusive");
   Run("Commit");
+}
+
+// The library would open what it may not write for reading, and tell so too late.
+void Database::MakeWritable() const {
+  std::error_code error;
+  const auto status = std::filesystem::status(file_, error);
+  if (std::filesystem::exists(status) && !std::filesystem::is_regular_file(status))
+    Fail(number::kBadFileName, "it is no file");
+  bool writable = ::access(file_.c_str(), R_OK | W_OK) == 0;
+  if (!writable && errno == ENOENT) {
+    const int made = ::open(file_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
+    writable = made >= 0 && ::close(made) == 0;
+  }
+  if (!writable) Fail(number::kPathFileAccess, std::strerror(errno), errno);
 }
 
 void Database::Run(const char* sql) {

@@ -28,6 +28,7 @@ class Database {
 
  private:
   friend class Statement;
+  void MakeWritable() const;
   struct Close {
     void operator()(sqlite3* handle) const noexcept { sqlite3_close_v2(handle); }
   };
