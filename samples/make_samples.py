@@ -23,105 +23,26 @@ sys.dont_write_bytecode = True  # the folder holds samples and nothing else
 import gst_tables as gst
 import inventory_voucher_tables as inventory
 import item_tables as items
+import master_tables as masters
 import register_tables as registers
 import voucher_tables as vouchers
 from tables import rows_of
 
-LEDGERGROUPS = """
-Name                 | NameAlias        | Parent                   | SubLedger
-Hardware Sales       |                  | Sales Accounts           | No
-Counter Sales        |                  | Hardware Sales           | No
-Hardware Purchases   |                  | Purchase Accounts        | No
-Debtors - Mumbai     | Mumbai Parties   | Sundry Debtors           | Yes
-Debtors - Pune       | Pune Parties     | Sundry Debtors           | Yes
-नाशिक के ग्राहक          | Debtors - Nashik | Sundry Debtors           | Yes
-Debtors - Goa        |                  | Sundry Debitors          | Yes
-
-Creditors - Steel    |                  | Sundry Creditors         | Yes
-Creditors - Paint    |                  | Sundry Creditors         | Yes
-Staff Advances       |                  | Loans & Advances (Asset) | No
-Freight & Cartage    | Transport        | Direct Expenses          | No
-"""
-
-UNITS = """
-Name           | IsSimpleUnit | OriginalName | DecimalPlaces | BaseUnits | AdditionalUnits | Conversion
-Nos            | Yes          | Numbers      | 0             |           |                 |
-Pcs            | Yes          | Pieces       | 0             |           |                 |
-Box            | Yes          | Boxes        | 0             |           |                 |
-Doz            | Yes          | Dozens       | 0             |           |                 |
-Kgs            | Yes          | Kilograms    | 3             |           |                 |
-Qtl            | Yes          | Quintals     | 2             |           |                 |
-Mtr            | Yes          | Metres       | 2             |           |                 |
-Ltr            | Yes          | Litres       | 2             |           |                 |
-Doz of 12 Nos  | No           |              |               | Doz       | Nos             | 12
-Box of 50 Pcs  | No           |              |               | Box       | Pcs             | 50
-Qtl of 100 Kgs | No           |              |               | Qtl       | Kgs             | 100
-"""
-
-GODOWNS = """
-Name                | NameAlias | Parent             | HasNoStock
-Bhiwandi Warehouse  | BHW       | Primary            | No
-Rack A - Pipes      |           | Bhiwandi Warehouse | No
-Rack B - Fasteners  |           | Bhiwandi Warehouse | No
-Open Yard           |           | Bhiwandi Warehouse | No
-Andheri Shop        | Shop      | Primary            | No
-Goods with Painters |           | Primary            | No
-"""
-
-STOCKGROUPS = """
-Name           | NameAlias | Parent      | IsAddable
-Steel          |           | Primary     | Yes
-TMT Bars       | Rebars    | Steel       | Yes
-Angles & Beams |           | Steel       | Yes
-Pipes          |           | Primary     | Yes
-GI Pipes       |           | Pipes       | Yes
-PVC Pipes      |           | Pipes       | Yes
-Fasteners      | Nut Bolt  | Primary     | Yes
-Paints         |           | Primary     | No
-"""
-
-STOCKCATEGORIES = """
-Name       | NameAlias | Parent
-Trade      |           | Primary
-Economy    |           | Trade
-Premium    | ISI       | Trade
-Imported   |           | Primary
-Scrap      | Bhangar   | Primary
-"""
-
-COSTCATEGORIES = """
-Name     | NameAlias | AllocateRevenue | AllocateNonRevenue
-Branches |           | Yes             | Yes
-Salesmen | Field     | Yes             | No
-Vehicles |           | No              | Yes
-"""
-
-COSTCENTRES = """
-Name          | NameAlias | Parent        | Category | ForJobCosting
-Mumbai Branch | BOM       |               | Branches | No
-Andheri Desk  |           | Mumbai Branch | Branches | No
-Pune Branch   | PNQ       |               | Branches | No
-Asha Kulkarni | AK        |               | Salesmen | No
-Ravi D'Souza  | RD        |               | Salesmen | No
-MH-04 Tempo   |           |               | Vehicles | No
-Metro Site    |           |               |          | Yes
-"""
-
 # A workbook a line: its sheets in order, each called as the import type is.
 WORKBOOKS = {
     "masters.xls": {
-        "LEDGERGROUPS": LEDGERGROUPS,
-        "UNITS": UNITS,
-        "GODOWNS": GODOWNS,
-        "STOCKGROUPS": STOCKGROUPS,
-        "STOCKCATEGORIES": STOCKCATEGORIES,
-        "COSTCATEGORIES": COSTCATEGORIES,
-        "COSTCENTRES": COSTCENTRES,
+        "LEDGERGROUPS": masters.LEDGERGROUPS,
+        "UNITS": masters.UNITS,
+        "GODOWNS": masters.GODOWNS,
+        "STOCKGROUPS": masters.STOCKGROUPS,
+        "STOCKCATEGORIES": masters.STOCKCATEGORIES,
+        "COSTCATEGORIES": masters.COSTCATEGORIES,
+        "COSTCENTRES": masters.COSTCENTRES,
     },
     "transactions.xls": {
         "LEDGERS": vouchers.LEDGERS,
-        "COSTCATEGORIES": COSTCATEGORIES,
-        "COSTCENTRES": COSTCENTRES,
+        "COSTCATEGORIES": masters.COSTCATEGORIES,
+        "COSTCENTRES": masters.COSTCENTRES,
         "TRANSACTIONS": vouchers.TRANSACTIONS,
         "QUICKTRANSACTIONS": vouchers.QUICKTRANSACTIONS,
         "BANKSTMT": vouchers.BANKSTMT,
@@ -169,8 +90,8 @@ DATE = xlwt.easyxf(num_format_str="dd-mm-yyyy")
 SEED_FILE = "seed-ledgers.xml"
 SEED = [
     ("LEDGER", vouchers.LEDGERS),
-    ("COSTCATEGORY", COSTCATEGORIES),
-    ("COSTCENTRE", COSTCENTRES),
+    ("COSTCATEGORY", masters.COSTCATEGORIES),
+    ("COSTCENTRE", masters.COSTCENTRES),
 ]
 
 
