@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Makes the sample workbooks beside this file, and a seed for the practice
-gateway, from the tables below and in the modules beside it.
+"""Makes the sample workbooks and text files beside this file, and a seed for the
+practice gateway, from the tables in the modules beside it.
 
     samples/make_samples.py [FOLDER]
 
@@ -11,6 +11,7 @@ How a table is written stands in tables.py. A number without leading zeros becom
 number cell, dd-mm-yyyy a date cell, any other a text cell.
 """
 
+import csv
 import datetime
 import os
 import re
@@ -20,6 +21,7 @@ from xml.sax.saxutils import escape, quoteattr
 import xlwt
 
 sys.dont_write_bytecode = True  # the folder holds samples and nothing else
+import business_tables as business
 import gst_tables as gst
 import inventory_voucher_tables as inventory
 import item_tables as items
@@ -79,6 +81,7 @@ WORKBOOKS = {
         "VOUCHERREGISTER": registers.VOUCHERREGISTER,
         "VOUCHERREGISTERMap": registers.VOUCHERREGISTER_MAP,
     },
+    **business.WORKBOOKS,
 }
 
 HEADER = xlwt.easyxf("font: bold on")
@@ -95,13 +98,13 @@ SEED = [
 ]
 
 
-def write_cell(sheet, row, column, text):
+def value_of(text):
+    """What the cell of a text holds: a date, a number or the text itself."""
     if re.fullmatch(r"\d\d-\d\d-\d{4}", text):
-        sheet.write(row, column, datetime.datetime.strptime(text, "%d-%m-%Y"), DATE)
-    elif re.fullmatch(r"-?(0|[1-9]\d*)(\.\d+)?", text):
-        sheet.write(row, column, float(text) if "." in text else int(text), ROW)
-    else:
-        sheet.write(row, column, text, ROW)
+        return datetime.datetime.strptime(text, "%d-%m-%Y")
+    if re.fullmatch(r"-?(0|[1-9]\d*)(\.\d+)?", text):
+        return float(text) if "." in text else int(text)
+    return text
 
 
 def write_sheet(sheet, table):
@@ -113,9 +116,22 @@ def write_sheet(sheet, table):
                 sheet.write(row, column, text, HEADER)
                 sheet.col(column).width = 256 * 22
             else:
-                write_cell(sheet, row, column, text)
+                value = value_of(text)
+                is_date = isinstance(value, datetime.datetime)
+                sheet.write(row, column, value, DATE if is_date else ROW)
     sheet.panes_frozen = True
     sheet.horz_split_pos = 1
+
+
+def write_csv(path, table):
+    """The table as a spreadsheet program saves its sheet: numbers without the zeros
+    that say nothing."""
+    with open(path, "w", encoding="utf-8", newline="") as file:
+        writer = csv.writer(file, lineterminator="\n")
+        for cells in rows_of(table):
+            values = [(text, value_of(text)) for text in cells]
+            writer.writerow([f"{value:.15g}" if isinstance(value, (int, float)) else text
+                             for text, value in values])
 
 
 def seed_masters(element, table):
@@ -142,11 +158,14 @@ def write_seed(path):
 
 def main():
     folder = sys.argv[1] if len(sys.argv) > 1 else os.path.dirname(os.path.abspath(__file__))
+    os.makedirs(os.path.join(folder, "business", "csv"), exist_ok=True)
     for file_name, sheets in WORKBOOKS.items():
         book = xlwt.Workbook(encoding="utf-8")
         for name, table in sheets.items():
             write_sheet(book.add_sheet(name), table)
         book.save(os.path.join(folder, file_name))
+    for name, table in business.TEXT.items():
+        write_csv(os.path.join(folder, "business", "csv", name + ".csv"), table)
     write_seed(os.path.join(folder, SEED_FILE))
 
 
