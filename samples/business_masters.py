@@ -21,9 +21,9 @@ Metro Site    | Yes          | No         | No              | 310
 """)
 
 EMPLOYEECATEGORIES = """
-Name                | NameAlias | Parent
-Permanent Staff     | Permanent |
-Staff by the Month  |           |
+Name               | NameAlias | Parent
+Permanent Staff    | Permanent |
+Staff by the Month |           |
 """
 
 EMPLOYEEGROUPS = """
@@ -53,7 +53,7 @@ EMPLOYEES = joined("""
 LEDGERS = stacked(
     """
 Name                  | NameAlias | Parent          | BillWiseOn | CostCentresOn | AffectInventory | OpeningBalance
-Capital - Anil Shah   | Capital   | Capital Account | No         | No            | No              | 900000
+Capital - Anil Shah   | Capital   | Capital Account | No         | No            | No              | 1021841.75
 """,
     widened(without(vouchers.LEDGERS, "Name", "END"), """
 Name                    | CostCentresOn | AffectInventory | OpeningBalance
@@ -149,7 +149,7 @@ STOCKITEMSGST = joined("""
 1 | Goods      | 01-04-2025     | 2523    | Portland cement     | Taxable    | 28      |          | 150 Bag    | 340/Bag     | 51000
 2 | Goods      | 01-04-2025     | 7318    | Screws, bolts, nuts | Taxable    | 18      |          | 4000 Nos   | 2/Nos       | 8000
 3 | Goods      | 01-04-2025     | 2202    | Aerated waters      | Taxable    | 28      | 12       | 96 Btl     | 12.5/Btl    | 1200
-4 | Goods      | 01-04-2025     | 6305    | Sacks and bags      | Exempt     |         |          |            |             |
+4 | Goods      | 01-04-2025     | 6305    | Sacks and bags      | Exempt     | 0       |          |            |             |
 """)
 
 # What changes when the books are there already.

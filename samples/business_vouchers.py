@@ -90,10 +90,14 @@ VATTRANSACTIONSMC = widened(inventory.VATTRANSACTIONSMC, """
 SrNo | TrackingNo | OrderDueOn | TaxRate | BatchName     | MfdDate    | ExpiryPeriod
 2    | DX/1       | 30-04-2025 | 0       | Primary Batch |            |
 3    | DX/1       | 30-04-2025 | 0       | HB-2503       | 10-03-2025 | 36 Months
-6    |            |            | 0       |               |            |
+6    |            |            | 5%      |               |            |
 """)
 
-ITEMTRANSACTIONS = without(inventory.ITEMTRANSACTIONS, "ID", "IT-02")
+ITEMTRANSACTIONS = widened(without(inventory.ITEMTRANSACTIONS, "ID", "IT-02"), """
+SrNo | RefNo
+1    | PO 122
+7    | Memo 41
+""")
 
 ORDERS = widened(inventory.ORDERS, """
 SrNo | TaxClassification  | OrderDueOn | DelNoteNos | DelNoteDates | DespatchDocNo | Buyer
@@ -129,15 +133,19 @@ SrNo | MfdDate    | ExpiryPeriod
 
 # The amount of a batch is known here and goes nowhere.
 PHYSICALSTOCK = widened(inventory.PHYSICALSTOCK, """
-SrNo | BatchAmount
-1    | 38740
-2    | 39000
-3    | 23490
-4    | 16200
-6    | 36674.25
+SrNo | RefNo    | BatchAmount
+1    | Sheet 14 | 38740
+2    |          | 39000
+3    |          | 23490
+4    |          | 16200
+6    | Sheet 15 | 36674.25
 """)
 
-CRDRNOTES = without(inventory.CRDRNOTES, "ID", "CD-03")
+CRDRNOTES = widened(without(inventory.CRDRNOTES, "ID", "CD-03"), """
+SrNo | AdjDate
+1    | 30 Days
+4    | 45 Days
+""")
 
 ATTENDANCE = """
 SrNo | ID    | VchType    | VchNo | VchDate    | RefNo  | Employee     | AttendanceType | Value | Unit | Narration

@@ -51,22 +51,21 @@ def without(table, column, *values):
 
 
 def widened(table, *blocks):
-    """The table with further columns. The first column of each block is one of the
-    table, by which its lines find their rows."""
+    """The table with further columns, and with empty cells of its own filled. The
+    first column of each block is one of the table, by which its lines find their
+    rows."""
     header, *rows = rows_of(table)
-    rows = [cells + [""] * (len(header) - len(cells)) for cells in rows]
+    rows = [dict(zip(header, cells)) for cells in rows]
     for block in blocks:
-        names, *lines = rows_of(block)
-        place = header.index(names[0])
-        by_key = {line[0]: line[1:] + [""] * (len(names) - len(line)) for line in lines}
-        assert len(by_key) == len(lines), names
-        unknown = by_key.keys() - {cells[place] for cells in rows}
-        assert not unknown, unknown
-        header = header + names[1:]
-        nothing = [""] * (len(names) - 1)
-        rows = [cells + by_key.get(cells[place], nothing) for cells in rows]
-    assert len(header) == len(set(header)), header
-    return text_of([header] + rows)
+        (key, *names), *lines = rows_of(block)
+        header += [name for name in names if name not in header]
+        for value, *cells in lines:
+            found = [row for row in rows if row[key] == value]
+            assert len(found) == 1, (key, value)
+            for name, cell in zip(names, cells):
+                assert not (cell and found[0].get(name)), (value, name)
+                found[0][name] = cell or found[0].get(name, "")
+    return text_of([header] + [[row.get(name, "") for name in header] for row in rows])
 
 
 def stacked(*tables):
