@@ -13,6 +13,7 @@
 #include "practice/books_file.h"
 #include "practice/names.h"
 #include "practice/requests.h"
+#include "practice/utf8.h"
 
 namespace vorlane::practice {
 namespace {
@@ -77,6 +78,15 @@ std::string AnswerQuery(const ParsedRequest& request, Books& books) {
     default:
       return UnknownRequestAnswer();
   }
+}
+
+std::vector<std::string> RefusedLines(const std::string& answer) {
+  platform::XmlDocument document;
+  document.LoadXml(answer);
+  std::vector<std::string> lines;
+  for (const platform::XmlNode* line : document.SelectNodes("//LINEERROR"))
+    lines.push_back(line->Text());
+  return lines;
 }
 
 std::optional<ScriptedTurn> TakeTurn(std::deque<ScriptedTurn>& turns) {
@@ -236,7 +246,7 @@ std::vector<std::string> PracticeGateway::Seed(const std::filesystem::path& path
 std::vector<std::string> PracticeGateway::SeedFile(const std::filesystem::path& file,
                                                    bool mustImport) {
   std::ifstream stream(file, std::ios::binary);
-  const std::string body{std::istreambuf_iterator<char>(stream), {}};
+  const std::string body = Utf8Of({std::istreambuf_iterator<char>(stream), {}});
   const ParsedRequest request = ParseRequest(body);
   if (!IsImport(request.kind)) {
     if (!mustImport) return {};
@@ -244,11 +254,16 @@ std::vector<std::string> PracticeGateway::SeedFile(const std::filesystem::path& 
                   "An import document was expected in the file '" + file.string() + "', but it " +
                       (stream ? "holds none." : "cannot be read."));
   }
-  platform::XmlDocument answer;
-  answer.LoadXml(AnswerImport(request, books_, file_.get()));
-  std::vector<std::string> refused;
-  for (const platform::XmlNode* line : answer.SelectNodes("//LINEERROR"))
-    refused.push_back(file.filename().string() + ": " + line->Text());
+  std::vector<std::string> refused = RefusedLines(AnswerImport(request, books_, file_.get()));
+  // The product writes masters in any order, and reads them so: those whose parent
+  // came behind them are there at the next round. Vouchers would be taken twice.
+  const bool again = request.document.SelectNodes("//VOUCHER").empty();
+  for (std::size_t before = refused.size() + 1;
+       again && !refused.empty() && refused.size() < before;) {
+    before = refused.size();
+    refused = RefusedLines(AnswerImport(request, books_, file_.get()));
+  }
+  for (std::string& line : refused) line = file.filename().string() + ": " + line;
   return refused;
 }
 

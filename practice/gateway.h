@@ -76,7 +76,8 @@ class PracticeGateway {
   /// Fills the books before the first request: handles the body that a file
   /// holds, or those of a folder's "*.xml" in the order of their names, as imports
   /// that nobody sent: they are not recorded and take no scripted turn. In a
-  /// folder, what is no import is passed over, so that a folder of RecordTo does.
+  /// folder, what is no import is passed over, so that a folder of RecordTo does. A
+  /// file may be UTF-16, as the product exports, and a master stand before its parent.
   /// Gives the lines of what was refused. Fails for what cannot be read, and for a
   /// file that is no import.
   std::vector<std::string> Seed(const std::filesystem::path& path);

@@ -6,6 +6,7 @@
 #include "platform/runtime/failure.h"
 #include "practice/amounts.h"
 #include "practice/gateway.h"
+#include "practice/utf8.h"
 #include "tests/practice/practice_fixture.h"
 
 namespace vorlane::practice {
@@ -336,6 +337,31 @@ TEST(PracticeAmounts, ReadAndWrittenAsTheyAre) {
     const auto amount = ParseAmount(text);
     EXPECT_EQ(amount ? AmountText(*amount) : "none", expected) << text;
   }
+}
+
+TEST_F(VoucherImportTest, ASeedIsWhatTheProductExports) {
+  const TemporaryFolder folder;
+  const std::string text =
+      OldImport(Creating("LEDGER", "Nina", "<PARENT>West</PARENT>") +
+                Creating("GROUP", "West", "<PARENT>Region</PARENT>") +
+                Creating("GROUP", "Region", "<PARENT>Sundry Debtors</PARENT>") +
+                Creating("LEDGER", "Lost", "<PARENT>Nowhere</PARENT>"));
+  std::string wide = "\xFF\xFE";
+  for (const char c : text) wide.append(1, c).append(1, '\0');
+  std::ofstream(folder / "Master.xml", std::ios::binary) << wide;
+  EXPECT_EQ(gateway_.Seed(folder / "Master.xml"),
+            (std::vector<std::string>{"Master.xml: Group 'Nowhere' does not exist!"}));
+  EXPECT_EQ(Import(Creating("LEDGER", "nina")), "0100");
+}
+
+TEST(PracticeUtf8, ReadsWhatHasAMark) {
+  EXPECT_EQ(Utf8Of(std::string("\xFE\xFF\x20\xB9\xD8\x3D\xDE\x00", 8)), "₹😀");
+  EXPECT_EQ(Utf8Of("\xFF\xFE\x3D\xD8"
+                   "A"),
+            "\uFFFD")
+      << "half a character, half a unit";
+  EXPECT_EQ(Utf8Of("\xEF\xBB\xBF<A/>"), "<A/>");
+  EXPECT_EQ(Utf8Of("\xE9<"), "\xE9<");
 }
 
 TEST_F(VoucherImportTest, ASeedFillsTheBooks) {
