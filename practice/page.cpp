@@ -218,7 +218,7 @@ class Page {
   void AddKind(const CompanyBooks& company, std::string_view list, std::string_view noun,
                std::size_t count) {
     html_ += "<li><a href=\"" + ListAddress(company.Name(), list, {}) + "\">" + std::string(noun) +
-             "<b>" + std::to_string(count) + "</b></a></li>";
+             "<b>" + std::to_string(count) + "</b></a></li>\n";
   }
 
   template <typename Object>
