@@ -1,17 +1,18 @@
 #include "shell/format_tool/format_commands.h"
 
 #include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <optional>
-#include <sstream>
 
 #include "formats/format_check.h"
 #include "formats/format_posting.h"
 #include "formats/format_transfer.h"
 #include "gateway/normalize_document.h"
 #include "gateway/tally_gateway.h"
+#include "platform/data/text/text_encoding.h"
+#include "platform/data/text/text_file.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
 #include "platform/xml/xml_document.h"
@@ -38,21 +39,18 @@ struct Streams {
   throw Failure(failureNumber, "vorlane-formats", description);
 }
 
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-  if (!file) Fail(number::kFileNotFound, "The file \"" + path + "\" cannot be read.");
-  return text;
-}
-
 FormatDefinition FormatNamed(ImportForm& importForm, const std::string& name) {
   std::optional<FormatDefinition> format = formats::ReadDefinition(importForm.services.store, name);
   if (!format) Fail(number::kItemNotFound, "There is no format with the name \"" + name + "\".");
   return std::move(*format);
 }
 
+// As editors leave it: with a byte order mark, in UTF-16, in Windows-1252.
 FormatDefinition FormatInFile(const std::string& path) {
-  return staging::ParseFormatText(ReadFile(path), path);
+  constexpr std::uint64_t kLongestFile = std::uint64_t{16} << 20;
+  platform::TextFile file = platform::ReadTextFile(path, kLongestFile);
+  platform::DecodeToUtf8(file, {});
+  return staging::ParseFormatText(file.Text(), path);
 }
 
 /// The column keys that a format would see of a source.

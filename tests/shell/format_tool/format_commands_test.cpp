@@ -66,6 +66,27 @@ TEST_F(FormatCommandsTest, CheckLooksAtASourceToo) {
   EXPECT_NE(output_.str().find("the source has no column PANNO.\n"), std::string::npos);
 }
 
+// What editors make of a file: a mark, UTF-16, the western code page.
+TEST_F(FormatCommandsTest, FilesOfAllEncodingsAreTaken) {
+  const auto utf16 = [](std::string_view text) {
+    std::string wide = "\xFF\xFE";
+    for (const char c : text) wide.append({c, '\0'});
+    return wide;
+  };
+  const std::string text =
+      "format | CAFE\r\ntype | LEDGER\r\n[tags]\r\ngroup | set | order | type | tag | fixed "
+      "value\r\n"
+      "LEDGER | 1 | 1 | N | PARENT | Caf";
+  for (const std::string& bytes : {text + "\xC3\xA9", "\xEF\xBB\xBF" + text + "\xC3\xA9",
+                                   text + "\xE9", utf16(text) + std::string("\xE9\0", 2)}) {
+    const std::string file = (folder_ / "cafe.format").string();
+    std::ofstream(file, std::ios::binary) << bytes;
+    EXPECT_EQ(Run({"import", file}), 0) << errors_.str();
+    Run({"show", "CAFE"});
+    EXPECT_NE(output_.str().find("Caf\xC3\xA9 "), std::string::npos) << output_.str();
+  }
+}
+
 TEST_F(FormatCommandsTest, FaultsAreTold) {
   EXPECT_EQ(Run({}), 2);
   EXPECT_EQ(Run({"show"}), 2);
@@ -73,6 +94,8 @@ TEST_F(FormatCommandsTest, FaultsAreTold) {
   EXPECT_EQ(Run({"show", "NOSUCH"}), 1);
   EXPECT_EQ(errors_.str(), "There is no format with the name \"NOSUCH\".\n");
   EXPECT_EQ(Run({"import", (folder_ / "none").string()}), 1);
+  EXPECT_EQ(Run({"import", folder_.Path().string()}), 1);
+  EXPECT_EQ(errors_.str(), folder_.Path().string() + ": expected a file, found a folder.\n");
   EXPECT_EQ(Run({"try", "SALESBILLS", (folder_ / "none.xls").string(), "1"}), 1);
   EXPECT_TRUE(face_.boxes.empty() || face_.boxes.size() == 1);
 }
