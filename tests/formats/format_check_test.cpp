@@ -135,6 +135,10 @@ TEST_F(FormatTransferTest, NumbersOfOtherFormatsAreLeftAlone) {
   EXPECT_EQ(ReadDefinition(store_, "X"), format);
   other.number = "2";
   EXPECT_EQ(ReadDefinition(store_, "Y"), other);
+  // Two names of one set of rows part when one of them is replaced.
+  store_.Execute("Update VorlaneMst_ set TNo=2");
+  EXPECT_EQ(WriteDefinition(store_, format), "1");
+  EXPECT_EQ(ReadDefinition(store_, "Y"), other);
 }
 
 TEST_F(FormatTransferTest, FailureLeavesTheFormatAsItWas) {

@@ -146,8 +146,12 @@ int Try(ImportForm& importForm, const Words& words, Streams streams) {
   }
   const std::size_t row = RowNumber(words[3], importForm.GR1.RowCount());
   platform::XmlDocument document;
-  document.LoadXml(gateway::RewriteReservedValues(
-      formats::RowPoster(importForm).Document(name, importForm.CurrentCompany, row)));
+  if (!document.LoadXml(gateway::RewriteReservedValues(
+          formats::RowPoster(importForm).Document(name, importForm.CurrentCompany, row)))) {
+    Fail(number::kProviderError, "The document of row " + words[3] +
+                                     " is not well-formed XML: a cell holds a character that XML "
+                                     "does not know.");
+  }
   gateway::NormalizeDocument(document, importForm.services.reporter);
   streams.output << document.Xml() << '\n';
   return 0;

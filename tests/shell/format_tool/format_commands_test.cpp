@@ -60,6 +60,15 @@ TEST_F(FormatCommandsTest, TryPrintsTheDocumentOfARow) {
   EXPECT_EQ(errors_.str(), "A row from 1 to 5 is expected, \"0\" is none.\n");
 }
 
+TEST_F(FormatCommandsTest, TryFailsWhereADocumentCannotBeSent) {
+  const std::string source = (folder_ / "STOCKCATEGORIESGST.csv").string();
+  std::ofstream(source) << "NAME,PARENT\nA\x01,B\n";
+  EXPECT_EQ(Run({"try", "STOCKCATEGORIESGST", source, "1"}), 1);
+  EXPECT_EQ(errors_.str(),
+            "The document of row 1 is not well-formed XML: a cell holds a character that XML does "
+            "not know.\n");
+}
+
 TEST_F(FormatCommandsTest, CheckLooksAtASourceToo) {
   EXPECT_EQ(Run({"check", "SALESBILLS", sample_}), 0) << output_.str();
   EXPECT_EQ(Run({"check", "LEDGERSGST", sample_}), 1);
