@@ -53,9 +53,12 @@ FormatDefinition FormatInFile(const std::string& path) {
   return staging::ParseFormatText(file.Text(), path);
 }
 
+bool IsDatabase(const std::string& source) { return sources::HasExtension(source, ".MDB"); }
+
 /// The column keys that a format would see of a source.
 formats::ColumnKeys KeysOf(const std::string& source, const std::string& sheet) {
-  const auto connection = sources::OpenFileForRows(source);
+  const auto connection =
+      IsDatabase(source) ? sources::OpenAccess(source, "") : sources::OpenFileForRows(source);
   platform::Recordset tables = connection->OpenSchema();
   std::string table = platform::RemoveBlanks(sheet);
   for (; !tables.Eof(); tables.MoveNext()) {
@@ -138,8 +141,9 @@ std::size_t RowNumber(const std::string& text, std::size_t rows) {
 int Try(ImportForm& importForm, const Words& words, Streams streams) {
   const std::string name = platform::UpperCase(words[1]);
   FormatNamed(importForm, name);
-  importForm.TabSource = {{"Excel"}, "Excel"};
-  importForm.txtFilePath = words[2];
+  const std::string kind = IsDatabase(words[2]) ? "Access" : "Excel";
+  importForm.TabSource = {{kind}, kind};
+  (IsDatabase(words[2]) ? importForm.txtMdbPath : importForm.txtFilePath) = words[2];
   sources::PickTable(importForm, name);
   if (importForm.GR1.RowCount() == 0) {
     Fail(number::kTableNotFound, "\"" + words[2] + "\" gave no rows for " + name + ".");

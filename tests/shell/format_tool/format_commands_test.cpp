@@ -75,6 +75,20 @@ TEST_F(FormatCommandsTest, CheckLooksAtASourceToo) {
   EXPECT_NE(output_.str().find("the source has no column PANNO.\n"), std::string::npos);
 }
 
+TEST_F(FormatCommandsTest, SourcesMayBeDatabases) {
+  const std::string database = std::string(VORLANE_TEST_DATA) + "/access/books.mdb";
+  const std::string file = (folder_ / "mine.format").string();
+  std::ofstream(file) << "format | TRANSACTIONS\ntype | VOUCHER\n[tags]\n"
+                         "group | set | order | type | tag | field\n"
+                         "VOUCHER | 1 | 1 | N | PARTY | LEDGER\nVOUCHER | 1 | 2 | N | X | COLOUR\n";
+  ASSERT_EQ(Run({"import", file}), 0) << errors_.str();
+  EXPECT_EQ(Run({"check", file, database}), 1);
+  EXPECT_EQ(output_.str(), "tag X of group VOUCHER, set 1: the source has no column COLOUR.\n");
+  EXPECT_EQ(Run({"try", "TRANSACTIONS", database, "2"}), 0) << errors_.str();
+  EXPECT_NE(output_.str().find("<PARTY>Sharma &amp; Sons</PARTY>"), std::string::npos)
+      << output_.str();
+}
+
 // What editors make of a file: a mark, UTF-16, the western code page.
 TEST_F(FormatCommandsTest, FilesOfAllEncodingsAreTaken) {
   const auto utf16 = [](std::string_view text) {
