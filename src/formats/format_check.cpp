@@ -49,6 +49,17 @@ std::vector<std::string> MarkersIn(std::string_view text) {
   return markers;
 }
 
+/// Which markers a place knows.
+struct Markers {
+  bool keys;               // {KEY}
+  std::string_view signs;  // what may stand before a position
+  bool counters = false;   // {#REC} and {#SET}
+};
+constexpr Markers kOfColumn{false, "#"};
+constexpr Markers kOfExpression{true, "#"};
+constexpr Markers kOfFragment{true, ""};
+constexpr Markers kOfCondition{true, "#$", true};
+
 /// The expression as it is for a row whose cells are all 1, which fits between
 /// quotes and outside of them.
 std::string WithCells(std::string text) {
@@ -92,7 +103,7 @@ class Checker {
     const std::string type = Text(tag, kType);
     where_ = "tag " + Text(tag, kTag) + " of group " + group + ", set " + Text(tag, kSet);
     CheckTagPlace(tag, group, type);
-    if (type == "G") return CheckFragment(tag);
+    if (type == "G" && !tag[kFixed]) return CheckFragment(tag);
     if (!IsXmlName(Text(tag, kTag))) Complain("the tag is no XML name");
     if (tag[kFixed]) {
       if (tag[kField]) Complain("the fixed value stands in the place of the field");
@@ -101,8 +112,9 @@ class Checker {
     if (!tag[kField]) return Complain("it has neither a fixed value nor a field");
     if (type == "C") return CheckComputed(*tag[kField]);
     if (tag[kField]->find("{#") != std::string::npos && type == "N") {
-      return CheckMarkers(*tag[kField], "#");
+      return CheckMarkers(*tag[kField], kOfColumn);
     }
+    for (const std::string& marker : MarkersIn(*tag[kField])) ComplainOfPlace(marker);
     CheckColumn(platform::UpperCase(*tag[kField]));
   }
 
@@ -124,12 +136,13 @@ class Checker {
     std::string fragment = Text(tag, kTag);
     const std::string list = Text(tag, kField);
     where_ = "fragment of group " + Text(tag, kGroup) + ", set " + Text(tag, kSet);
+    if (!tag[kField]) Complain("it has no value list, so it is never written");
     if (!platform::Trim(list.substr(list.rfind(';') + 1)).empty()) {
       Complain("the value list has no closing \";\", so its last value is none");
     }
     std::size_t number = 0;
     for (const std::string& entry : ValueListEntries(list)) {
-      CheckMarkers(platform::UpperCase(entry), "");
+      CheckMarkers(platform::UpperCase(entry), kOfFragment);
       fragment =
           platform::ReplaceAll(std::move(fragment), "{V" + std::to_string(++number) + "}", "1");
     }
@@ -140,7 +153,7 @@ class Checker {
   }
 
   void CheckComputed(const std::string& expression) {
-    CheckMarkers(expression, "#");
+    CheckMarkers(expression, kOfExpression);
     const std::string folded = platform::UpperCase(WithCells(expression));
     try {
       const std::optional<Conditional> parts = CutConditional(folded);
@@ -170,7 +183,7 @@ class Checker {
       Complain("it holds itself, which only a condition could end");
     }
     const std::string condition = Text(group, kCondition);
-    CheckMarkers(condition, "#$");
+    CheckMarkers(condition, kOfCondition);
     try {
       platform::script::CheckSyntax(WithCells(condition));
     } catch (const platform::Failure& failure) {
@@ -193,20 +206,29 @@ class Checker {
     return false;
   }
 
-  // `signs`: what may stand behind the brace before a position.
-  void CheckMarkers(const std::string& text, std::string_view signs) {
+  void CheckMarkers(const std::string& text, const Markers& known) {
     for (const std::string& marker : MarkersIn(text)) {
       const std::string_view inner = std::string_view(marker).substr(1, marker.size() - 2);
       if (marker == "{#REC}" || marker == "{#SET}") {
-        if (signs != "#$") Complain(marker + " is known in conditions alone");
-      } else if (!inner.empty() && signs.find(inner[0]) != std::string_view::npos) {
-        CheckPosition(marker, inner.substr(1));
+        if (!known.counters) Complain(marker + " is known in conditions alone");
+      } else if (inner.starts_with('#') || inner.starts_with('$')) {
+        if (known.signs.find(inner[0]) == std::string_view::npos) {
+          ComplainOfPlace(marker);
+        } else {
+          CheckPosition(marker, inner.substr(1));
+        }
+      } else if (!known.keys) {
+        ComplainOfPlace(marker);
       } else if (platform::UpperCase(inner) != inner) {
         Complain(marker + " is not in upper case, so it stands for nothing");
       } else {
         CheckColumn(std::string(inner));
       }
     }
+  }
+
+  void ComplainOfPlace(const std::string& marker) {
+    Complain(marker + " stands for nothing in this place");
   }
 
   void CheckPosition(const std::string& marker, std::string_view digits) {
@@ -226,7 +248,9 @@ class Checker {
     }
   }
 
-  void Complain(const std::string& what) { complaints_.push_back(where_ + ": " + what + "."); }
+  void Complain(const std::string& what) {
+    complaints_.push_back(where_ + ": " + what + (what.ends_with('.') ? "" : "."));
+  }
 
   const FormatDefinition& format_;
   const std::optional<ColumnKeys>& columns_;

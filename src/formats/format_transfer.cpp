@@ -50,8 +50,12 @@ std::string ValueOf(StagingStore& store, std::string_view sql,
 }
 
 std::string NumberFor(StagingStore& store, const FormatDefinition& definition) {
+  // Not one that another format shares: its rows would be replaced with ours.
   std::string number =
-      ValueOf(store, "Select TNo from VorlaneMst_ where TName=?", {definition.name});
+      ValueOf(store,
+              "Select TNo from VorlaneMst_ M where TName=? and not exists (Select 1 "
+              "from VorlaneMst_ O where O.TNo=M.TNo and O.TName<>M.TName)",
+              {definition.name});
   if (!number.empty()) return number;
   const bool isTaken =
       definition.number.empty() ||

@@ -20,8 +20,9 @@ std::optional<staging::FormatDefinition> ReadDefinition(staging::StagingStore& s
                                                         std::string_view name);
 
 /// Writes all rows of a format in place of the one that has its name, or leaves
-/// all as it was. It keeps the number of that one; else it gets its own number
-/// or, when another format has it, the next free one. Gives the number.
+/// all as it was. It keeps the number of that one, unless other formats share it;
+/// else it gets its own number or, when another format has it, the next free one.
+/// Gives the number.
 std::string WriteDefinition(staging::StagingStore& store,
                             const staging::FormatDefinition& definition);
 

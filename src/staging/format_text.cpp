@@ -32,6 +32,17 @@ constexpr Escape kEscapes[] = {{'|', '|', false},  {'n', '\n', false},  {'r', '\
                                {'t', '\t', false}, {'\\', '\\', false}, {'_', ' ', true},
                                {'#', '#', true},   {'[', '[', true}};
 
+/// A cell as a message shows it, of a file that may be anything.
+std::string Quoted(std::string_view cell) {
+  constexpr std::size_t kShownCharacters = 60;
+  const std::string_view begin = platform::LeftCharacters(cell, kShownCharacters);
+  std::string shown(begin);
+  for (char& c : shown) {
+    if (static_cast<unsigned char>(c) < ' ' || c == '\x7F') c = '?';
+  }
+  return "\"" + shown + (begin.size() < cell.size() ? "...\"" : "\"");
+}
+
 class FormatReader {
  public:
   FormatReader(std::string_view text, std::string_view origin) : rest_(text), origin_(origin) {}
@@ -101,8 +112,7 @@ class FormatReader {
       const char letter = ++i < written.size() ? written[i] : '\0';
       const auto* escape = std::ranges::find(kEscapes, letter, &Escape::letter);
       if (escape == std::end(kEscapes)) {
-        Fail("behind a backslash one of | n r t _ # [ \\ or e alone",
-             "\"" + std::string(written) + "\"");
+        Fail("behind a backslash one of | n r t _ # [ \\ or e alone", Quoted(written));
       }
       cell.push_back(escape->character);
     }
@@ -118,7 +128,7 @@ class FormatReader {
       if (key == "source") return void(format_.source = *cells[1]);
     }
     Fail("\"format | NAME\", \"type | WORD\", \"number | digits\", \"source | ALT\" or [tags]",
-         "\"" + key + "\"");
+         Quoted(key));
   }
 
   void ReadHeadings(const FormatCells& cells, std::span<const FormatColumn> columns) {
@@ -127,7 +137,7 @@ class FormatReader {
       if (column == columns.end()) {
         std::string known;
         for (const FormatColumn& each : columns) known += " | " + std::string(each.heading);
-        Fail("headings out of" + known.substr(2), "\"" + cell.value_or("") + "\"");
+        Fail("headings out of" + known.substr(2), Quoted(cell.value_or("")));
       }
       order_.push_back(static_cast<std::size_t>(column - columns.begin()));
     }
@@ -140,8 +150,7 @@ class FormatReader {
     FormatCells row(columns);
     for (std::size_t i = 0; i < cells.size(); ++i) row[order_[i]] = cells[i];
     for (const std::size_t number : {columns == std::size(kTagColumns) ? 1U : 2U, 2U}) {
-      if (row[number] && !IsWholeNumber(*row[number]))
-        Fail("a whole number", "\"" + *row[number] + "\"");
+      if (row[number] && !IsWholeNumber(*row[number])) Fail("a whole number", Quoted(*row[number]));
     }
     return row;
   }

@@ -51,8 +51,8 @@ const std::vector<Layer>& Layers() {
                              "gateway", "staging", "form", "masters", "formats", "sources",
                              "posting"}, {}},
       {"shell/console",     {"platform/runtime", "form", "sources", "shell"}, {}},
-      {"shell/format_tool", {"platform/runtime", "platform/xml", "gateway", "staging", "form",
-                             "formats", "sources", "shell", "shell/console"}, {}},
+      {"shell/format_tool", {"platform/runtime", "platform/data", "platform/xml", "gateway",
+                             "staging", "form", "formats", "sources", "shell", "shell/console"}, {}},
       {"shell/ui",          {"platform/runtime", "platform/settings", "form", "sources", "shell"},
                             {"Q"}},
       // A program of its own: it plays Tally and shares no code with what it tests but XML.

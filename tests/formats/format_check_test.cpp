@@ -55,11 +55,18 @@ TEST(FormatCheck, TellsWhatIsWrongWithATag) {
        "the expression cannot be read: Invalid character at character 2"},
       {"LEDGER | 1 | 1 | C | T | | IF {AMOUNT}=1 THEN X |",
        "the expression cannot be read: Invalid procedure call or argument: IF, THEN and ELSE are "
-       "expected, each of them and in this order, found was \"IF 1=1 THEN X\"."},
+       "expected, each of them and in this order, found was \"IF 1=1 THEN X\""},
       {"LEDGER | 1 | 1 | G | <A><B>{V1}</B></A> | | {name}; |", ""},
       {"LEDGER | 1 | 1 | G | <A><B>{V1}</B></A> | | {NAME};x |",
        "the value list has no closing \";\", so its last value is none"},
       {"LEDGER | 1 | 1 | G | <A><B>{V2}</B></A> | | {NAME}; |", "the hole {V2} has no value"},
+      {"LEDGER | 1 | 1 | G | <A><B>x</B></A> | | |",
+       "it has no value list, so it is never written"},
+      {"LEDGER | 1 | 1 | G | <A><B>x</B></A> | x | |", "the tag is no XML name"},
+      {"LEDGER | 1 | 1 | G | <A><B>{V1}</B></A> | | {#1}; |",
+       "{#1} stands for nothing in this place"},
+      {"LEDGER | 1 | 1 | N | T | | {#1}-{NAME} |", "{NAME} stands for nothing in this place"},
+      {"LEDGER | 1 | 1 | C | T | | \"{$1}\" |", "{$1} stands for nothing in this place"},
       {"LEDGER | 1 | 1 | G | <A><B>{V1}</A> | | {NAME}; |", "it is no well-formed XML"},
   };
   const ColumnKeys keys{"NAME", "PARENT", "AMOUNT"};
@@ -72,6 +79,14 @@ TEST(FormatCheck, TellsWhatIsWrongWithATag) {
     } else {
       EXPECT_TRUE(complaints[0].ends_with(": " + row.complaint + ".")) << complaints[0];
     }
+  }
+}
+
+// Without a source too: no column has such a name.
+TEST(FormatCheck, TellsOfMarkersInTheNameOfAColumn) {
+  for (const std::string type : {"N", "A"}) {
+    EXPECT_EQ(CheckFormat(WithRows("LEDGER | 1 | 1 | " + type + " | T | | {NAME} |")),
+              Texts{"tag T of group LEDGER, set 1: {NAME} stands for nothing in this place."});
   }
 }
 
@@ -119,6 +134,10 @@ TEST_F(FormatTransferTest, NumbersOfOtherFormatsAreLeftAlone) {
   EXPECT_EQ(WriteDefinition(store_, format), "1");
   EXPECT_EQ(ReadDefinition(store_, "X"), format);
   other.number = "2";
+  EXPECT_EQ(ReadDefinition(store_, "Y"), other);
+  // Two names of one set of rows part when one of them is replaced.
+  store_.Execute("Update VorlaneMst_ set TNo=2");
+  EXPECT_EQ(WriteDefinition(store_, format), "1");
   EXPECT_EQ(ReadDefinition(store_, "Y"), other);
 }
 

@@ -1,6 +1,8 @@
 #include "formats/format_posting.h"
 
+#include "formats/format_transfer.h"
 #include "formats/gst_master_loops.h"
+#include "staging/shipped_formats.h"
 #include "tests/formats/format_fixture.h"
 
 namespace vorlane::formats {
@@ -273,6 +275,53 @@ TEST_F(MasterFormatTest, ExistingMastersAreSkipped) {
   PostStockCategoriesGST(form_);
   EXPECT_EQ(Marked(1), "1 black: SKIPED");
   EXPECT_EQ(Statuses()[1], "CREATED ");
+}
+
+// Amounts as people write them: with a sign, with commas, not at all.
+TEST_F(FormatTest, ShippedFormatsTakeEveryAmount) {
+  struct Row {
+    std::string format;
+    Texts columns;
+    Texts cells;
+    Texts amounts;  // of the document, in order
+  };
+  const Texts lines{"VCHTYPE", "VCHNO",  "VCHDATE", "LEDGER",   "EWAYBILLNO",
+                    "DEBIT",   "CREDIT", "ADJNAME", "ADJAMOUNT"};
+  const Texts bills{"BILLNO", "CUSTOMER", "SALESLEDGER", "TAXABLE", "GSTRATE", "INTERSTATE"};
+  const Texts items{"NAME", "GSTRATE", "CESSRATE", "HSNCODE", "OPENINGVALUE"};
+  const Row rows[] = {
+      {"TRANSACTIONSGST", lines, {"S", "1", "d", "L", "", "1,180.00", "", "", ""}, {"-1180.00"}},
+      {"TRANSACTIONSGST",
+       lines,
+       {"S", "1", "d", "L", "", "-5.00", "", "B", "-5.00"},
+       {"5.00", "5.00"}},
+      {"TRANSACTIONSGST", lines, {"S", "1", "d", "L", "", "", "-0.50", "B", ""}, {"-0.50", "0.00"}},
+      {"H_TRANSACTIONSGST", lines, {"S", "1", "d", "L", "", " ", "100-", "", ""}, {"-100.00"}},
+      {"TRANSACTIONSGST", lines, {"S", "1", "d", "L", "", "0.00", "", "", ""}, {}},
+      {"SALESBILLS", bills, {"1", "C", "S", "100", "", "No"}, {"-100.00", "100.00"}},
+      {"SALESBILLS", bills, {"1", "C", "S", "-100", "18", "Yes"}, {"118.00", "-100.00", "-18.00"}},
+      {"STOCKITEMSGST", items, {"I", "", "", "", "66000"}, {"-66000.00"}},
+      {"STOCKITEMSGST", items, {"I", "", "", "", "-66,000.5"}, {"66000.50"}},
+      {"STOCKITEMSGST", items, {"I", "", "", "", ""}, {}},
+      {"STOCKITEMSGST", items, {"I", "", "", "", "n/a"}, {}},
+      {"STOCKITEMSGST", {"NAME"}, {"I"}, {}},
+  };
+  for (const staging::ShippedFormat& shipped : staging::ShippedFormats()) {
+    WriteDefinition(store_, staging::ParseFormatText(shipped.text, shipped.file));
+  }
+  for (const Row& row : rows) {
+    form_.GR1.Clear();
+    Show(row.columns, {row.cells});
+    platform::XmlDocument document;
+    document.LoadXml(RowPoster(form_).Document(row.format, "Acme", 1));
+    Texts amounts;
+    for (const char* path : {"//AMOUNT", "//OPENINGVALUE"}) {
+      for (const platform::XmlNode* node : document.SelectNodes(path)) {
+        amounts.push_back(node->Text());
+      }
+    }
+    EXPECT_EQ(amounts, row.amounts) << row.format << ::testing::PrintToString(row.cells);
+  }
 }
 
 }  // namespace

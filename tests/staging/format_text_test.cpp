@@ -46,6 +46,11 @@ TEST(FormatText, FaultsNameTheirLine) {
       {"[groups]\nparent | colour",
        "Expected was headings out of parent | group | set | condition, found was \"colour\", in "
        "line 2 of F."},
+      {"\x7F"
+       "ELF\x02 ten chars ten chars ten chars ten chars ten chars ten characters",
+       "Expected was \"format | NAME\", \"type | WORD\", \"number | digits\", \"source | ALT\" or "
+       "[tags], found was \"?ELF? ten chars ten chars ten chars ten chars ten chars ten ...\", in "
+       "line 1 of F."},
       {"[groups]\nparent | set\nA | 1 | 2", "Expected was 2 cells, found was 3, in line 3 of F."},
       {"[groups]\nparent | set\nA | x",
        "Expected was a whole number, found was \"x\", in line 3 of F."},

@@ -28,6 +28,12 @@ Value Now(Arguments& arguments) { return DateValueOf(arguments.Now()); }
 Value Today(Arguments& arguments) { return DateValueOf(DayAlone(arguments.Now())); }
 Value TimeNow(Arguments& arguments) { return DateValueOf(TimeAlone(arguments.Now())); }
 
+// The seconds since midnight.
+Value Timer(Arguments& arguments) {
+  const DateTime& now = arguments.Now();
+  return static_cast<float>((now.hour * 60 + now.minute) * 60 + now.second);
+}
+
 template <Interval Which>
 Value Part(Arguments& arguments) {
   return static_cast<std::int16_t>(PartOf(arguments.When(0), Which, {}));
@@ -130,6 +136,7 @@ constexpr FunctionRow kFunctions[] = {
     {"NOW",         0, 0, WithNull::IsAsked,   Now},
     {"SECOND",      1, 1, WithNull::GivesNull, Part<Interval::Second>},
     {"TIME",        0, 0, WithNull::IsAsked,   TimeNow},
+    {"TIMER",       0, 0, WithNull::IsAsked,   Timer},
     {"TIMESERIAL",  3, 3, WithNull::IsAsked,   TimeSerial},
     {"TIMEVALUE",   1, 1, WithNull::IsAsked,   TimeValue},
     {"WEEKDAY",     1, 2, WithNull::GivesNull, Weekday},

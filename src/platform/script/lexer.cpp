@@ -81,7 +81,19 @@ Value LiteralOf(Word::Role role) {
 
 void Lexer::SkipBlanks() {
   SkipWhile(IsBlank);
+  while (SkipContinuation()) SkipWhile(IsBlank);
   if (Peek() == '\'') SkipWhile([](char c) { return !IsLineEnd(c); });
+}
+
+// An underscore behind a blank and at the end of a line: the next line goes on
+// with the expression.
+bool Lexer::SkipContinuation() {
+  if (Peek() != '_' || at_ == 0 || !IsBlank(expression_[at_ - 1])) return false;
+  std::size_t end = 1;
+  while (IsBlank(Peek(end))) ++end;
+  if (!IsLineEnd(Peek(end))) return false;
+  at_ += end + (Peek(end) == '\r' && Peek(end + 1) == '\n' ? 2 : 1);
+  return true;
 }
 
 Token Lexer::Next() {

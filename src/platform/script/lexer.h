@@ -41,6 +41,7 @@ class Lexer {
 
  private:
   void SkipBlanks();  // and a comment
+  bool SkipContinuation();
   void TakeToken(Token& token);
   void TakeText(Token& token);
   void TakeDate(Token& token);

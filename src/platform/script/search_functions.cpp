@@ -154,6 +154,22 @@ Value Join(Arguments& arguments) {
   return result;
 }
 
+// The texts that hold the part, or those that do not.
+Value Filter(Arguments& arguments) {
+  if (!arguments[0].Is(Kind::Array)) arguments.FailType();
+  const bool includes = !arguments.Has(2) || ToBoolean(arguments[2], arguments.Name());
+  const bool ignoresCase = arguments.IgnoresCase(3);
+  const std::string& asked = arguments.Text(1);
+  const std::string part = ignoresCase ? UpperCase(asked) : asked;
+  Values kept;
+  for (const Value& item : arguments[0].Items()) {
+    const std::string text = ToText(item, arguments.Name());
+    const std::size_t at = FindText(ignoresCase ? UpperCase(text) : text, part, 0);
+    if ((at != std::string_view::npos) == includes) kept.push_back(Value(text));
+  }
+  return Value(std::move(kept));
+}
+
 Value StrComp(Arguments& arguments) {
   if (arguments.IsNull(0) || arguments.IsNull(1)) return Null{};
   const Sought sought = Prepare(arguments, 0, 1, 2);
@@ -163,6 +179,7 @@ Value StrComp(Arguments& arguments) {
 
 // clang-format off
 constexpr FunctionRow kFunctions[] = {
+    {"FILTER",   2, 4, WithNull::IsAsked, Filter},
     {"INSTR",    2, 4, WithNull::IsAsked, InStr},
     {"INSTRREV", 2, 4, WithNull::IsAsked, InStrRev},
     {"JOIN",     1, 2, WithNull::IsAsked, Join},

@@ -1,17 +1,18 @@
 #include "shell/format_tool/format_commands.h"
 
 #include <charconv>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <optional>
-#include <sstream>
 
 #include "formats/format_check.h"
 #include "formats/format_posting.h"
 #include "formats/format_transfer.h"
 #include "gateway/normalize_document.h"
 #include "gateway/tally_gateway.h"
+#include "platform/data/text/text_encoding.h"
+#include "platform/data/text/text_file.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
 #include "platform/xml/xml_document.h"
@@ -38,26 +39,26 @@ struct Streams {
   throw Failure(failureNumber, "vorlane-formats", description);
 }
 
-std::string ReadFile(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
-  if (!file) Fail(number::kFileNotFound, "The file \"" + path + "\" cannot be read.");
-  return text;
-}
-
 FormatDefinition FormatNamed(ImportForm& importForm, const std::string& name) {
   std::optional<FormatDefinition> format = formats::ReadDefinition(importForm.services.store, name);
   if (!format) Fail(number::kItemNotFound, "There is no format with the name \"" + name + "\".");
   return std::move(*format);
 }
 
+// As editors leave it: with a byte order mark, in UTF-16, in Windows-1252.
 FormatDefinition FormatInFile(const std::string& path) {
-  return staging::ParseFormatText(ReadFile(path), path);
+  constexpr std::uint64_t kLongestFile = std::uint64_t{16} << 20;
+  platform::TextFile file = platform::ReadTextFile(path, kLongestFile);
+  platform::DecodeToUtf8(file, {});
+  return staging::ParseFormatText(file.Text(), path);
 }
+
+bool IsDatabase(const std::string& source) { return sources::HasExtension(source, ".MDB"); }
 
 /// The column keys that a format would see of a source.
 formats::ColumnKeys KeysOf(const std::string& source, const std::string& sheet) {
-  const auto connection = sources::OpenFileForRows(source);
+  const auto connection =
+      IsDatabase(source) ? sources::OpenAccess(source, "") : sources::OpenFileForRows(source);
   platform::Recordset tables = connection->OpenSchema();
   std::string table = platform::RemoveBlanks(sheet);
   for (; !tables.Eof(); tables.MoveNext()) {
@@ -140,16 +141,21 @@ std::size_t RowNumber(const std::string& text, std::size_t rows) {
 int Try(ImportForm& importForm, const Words& words, Streams streams) {
   const std::string name = platform::UpperCase(words[1]);
   FormatNamed(importForm, name);
-  importForm.TabSource = {{"Excel"}, "Excel"};
-  importForm.txtFilePath = words[2];
+  const std::string kind = IsDatabase(words[2]) ? "Access" : "Excel";
+  importForm.TabSource = {{kind}, kind};
+  (IsDatabase(words[2]) ? importForm.txtMdbPath : importForm.txtFilePath) = words[2];
   sources::PickTable(importForm, name);
   if (importForm.GR1.RowCount() == 0) {
     Fail(number::kTableNotFound, "\"" + words[2] + "\" gave no rows for " + name + ".");
   }
   const std::size_t row = RowNumber(words[3], importForm.GR1.RowCount());
   platform::XmlDocument document;
-  document.LoadXml(gateway::RewriteReservedValues(
-      formats::RowPoster(importForm).Document(name, importForm.CurrentCompany, row)));
+  if (!document.LoadXml(gateway::RewriteReservedValues(
+          formats::RowPoster(importForm).Document(name, importForm.CurrentCompany, row)))) {
+    Fail(number::kProviderError, "The document of row " + words[3] +
+                                     " is not well-formed XML: a cell holds a character that XML "
+                                     "does not know.");
+  }
   gateway::NormalizeDocument(document, importForm.services.reporter);
   streams.output << document.Xml() << '\n';
   return 0;

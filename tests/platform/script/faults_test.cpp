@@ -14,6 +14,8 @@ TEST(Faults, OfTheText) {
       {"1 : 2", 1025, "Expected end of statement at character 5"},
       {"\"abc", 1033, "Unterminated string constant at character 1"},
       {"\"5\" Rod\"", 1025, "Expected end of statement at character 5"},
+      {"1 +_\n2", 1032, "Invalid character at character 4"},
+      {"1 + _ 2", 1032, "Invalid character at character 5"},
       {"* 2", 1002, "Syntax error at character 1"},
       {"If 1 Then 2", 1002, "Syntax error at character 1"},
       {"[a", 1007, "Expected ']' at character 1"},

@@ -65,6 +65,7 @@ TEST(Operators, LiteralsOfAllKinds) {
       {"unknown + 1", "1"},
       {"1 ' what stands behind", "1"},
       {"\n 1+1 \r\n", "2"},
+      {"1 + _\r\n 2 _ \n + 3", "6"},
       {"\"A\"&HEAD&\"B\"", "AB"},  // no hexadecimal EAD
   };
   ExpectResults(kRows);

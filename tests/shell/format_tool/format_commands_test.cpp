@@ -60,10 +60,54 @@ TEST_F(FormatCommandsTest, TryPrintsTheDocumentOfARow) {
   EXPECT_EQ(errors_.str(), "A row from 1 to 5 is expected, \"0\" is none.\n");
 }
 
+TEST_F(FormatCommandsTest, TryFailsWhereADocumentCannotBeSent) {
+  const std::string source = (folder_ / "STOCKCATEGORIESGST.csv").string();
+  std::ofstream(source) << "NAME,PARENT\nA\x01,B\n";
+  EXPECT_EQ(Run({"try", "STOCKCATEGORIESGST", source, "1"}), 1);
+  EXPECT_EQ(errors_.str(),
+            "The document of row 1 is not well-formed XML: a cell holds a character that XML does "
+            "not know.\n");
+}
+
 TEST_F(FormatCommandsTest, CheckLooksAtASourceToo) {
   EXPECT_EQ(Run({"check", "SALESBILLS", sample_}), 0) << output_.str();
   EXPECT_EQ(Run({"check", "LEDGERSGST", sample_}), 1);
   EXPECT_NE(output_.str().find("the source has no column PANNO.\n"), std::string::npos);
+}
+
+TEST_F(FormatCommandsTest, SourcesMayBeDatabases) {
+  const std::string database = std::string(VORLANE_TEST_DATA) + "/access/books.mdb";
+  const std::string file = (folder_ / "mine.format").string();
+  std::ofstream(file) << "format | TRANSACTIONS\ntype | VOUCHER\n[tags]\n"
+                         "group | set | order | type | tag | field\n"
+                         "VOUCHER | 1 | 1 | N | PARTY | LEDGER\nVOUCHER | 1 | 2 | N | X | COLOUR\n";
+  ASSERT_EQ(Run({"import", file}), 0) << errors_.str();
+  EXPECT_EQ(Run({"check", file, database}), 1);
+  EXPECT_EQ(output_.str(), "tag X of group VOUCHER, set 1: the source has no column COLOUR.\n");
+  EXPECT_EQ(Run({"try", "TRANSACTIONS", database, "2"}), 0) << errors_.str();
+  EXPECT_NE(output_.str().find("<PARTY>Sharma &amp; Sons</PARTY>"), std::string::npos)
+      << output_.str();
+}
+
+// What editors make of a file: a mark, UTF-16, the western code page.
+TEST_F(FormatCommandsTest, FilesOfAllEncodingsAreTaken) {
+  const auto utf16 = [](std::string_view text) {
+    std::string wide = "\xFF\xFE";
+    for (const char c : text) wide.append({c, '\0'});
+    return wide;
+  };
+  const std::string text =
+      "format | CAFE\r\ntype | LEDGER\r\n[tags]\r\ngroup | set | order | type | tag | fixed "
+      "value\r\n"
+      "LEDGER | 1 | 1 | N | PARENT | Caf";
+  for (const std::string& bytes : {text + "\xC3\xA9", "\xEF\xBB\xBF" + text + "\xC3\xA9",
+                                   text + "\xE9", utf16(text) + std::string("\xE9\0", 2)}) {
+    const std::string file = (folder_ / "cafe.format").string();
+    std::ofstream(file, std::ios::binary) << bytes;
+    EXPECT_EQ(Run({"import", file}), 0) << errors_.str();
+    Run({"show", "CAFE"});
+    EXPECT_NE(output_.str().find("Caf\xC3\xA9 "), std::string::npos) << output_.str();
+  }
 }
 
 TEST_F(FormatCommandsTest, FaultsAreTold) {
@@ -73,6 +117,8 @@ TEST_F(FormatCommandsTest, FaultsAreTold) {
   EXPECT_EQ(Run({"show", "NOSUCH"}), 1);
   EXPECT_EQ(errors_.str(), "There is no format with the name \"NOSUCH\".\n");
   EXPECT_EQ(Run({"import", (folder_ / "none").string()}), 1);
+  EXPECT_EQ(Run({"import", folder_.Path().string()}), 1);
+  EXPECT_EQ(errors_.str(), folder_.Path().string() + ": expected a file, found a folder.\n");
   EXPECT_EQ(Run({"try", "SALESBILLS", (folder_ / "none.xls").string(), "1"}), 1);
   EXPECT_TRUE(face_.boxes.empty() || face_.boxes.size() == 1);
 }
