@@ -60,7 +60,7 @@ bool SetOption(OptionsFields& fields, std::string_view key, const std::string& v
 // clang-format off
 const CommandReader::Command CommandReader::kCommands[] = {
     {"source",        "source excel PATH | access PATH [PASSWORD] | odbc DSN [USER [PASSWORD]]",
-                                              "opens a source and lists its import types", 2, 4, &CommandReader::Source},
+                                              "opens a source and lists its import types", 2, kAnyNumber, &CommandReader::Source},
     {"types",         "types",                "the import types of the source",            0, 0, &CommandReader::Types},
     {"type",          "type TEXT",            "picks an import type and loads its rows",   1, kAnyNumber, &CommandReader::Type},
     {"companies",     "companies",            "the companies that Tally has open",         0, 0, &CommandReader::Companies},
@@ -140,11 +140,21 @@ void CommandReader::Complain(const std::string& text) {
 }
 
 void CommandReader::Source(const Words& words) {
-  static constexpr std::pair<std::string_view, std::string_view> kKinds[] = {
-      {"EXCEL", "Excel"}, {"ACCESS", "Access"}, {"ODBC", "ODBC"}};
+  struct Kind {
+    std::string_view word;
+    std::string_view tab;
+    std::size_t most;  // words
+  };
+  static constexpr Kind kKinds[] = {
+      {"EXCEL", "Excel", 3}, {"ACCESS", "Access", 4}, {"ODBC", "ODBC", 5}};
   const std::string kind = platform::UpperCase(words[1]);
-  for (const auto& [word, tab] : kKinds) {
+  for (const auto& [word, tab, most] : kKinds) {
     if (kind != word) continue;
+    if (words.size() > most) {
+      // Most likely a path with blanks and without quotes.
+      return Complain("A source of the kind " + words[1] + " does not take '" + Join(words, most) +
+                      "'; a path with blanks stands in double quotes.");
+    }
     const auto& tabs = form_.TabSource.tabs;
     if (std::find(tabs.begin(), tabs.end(), tab) == tabs.end()) {
       return Complain("This run was started with the source " + tabs.front() + " only.");

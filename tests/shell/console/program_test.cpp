@@ -176,6 +176,9 @@ TEST_F(ConsoleProgram, DoesWhatItsCommandsSay) {
       {"source excel",
        "usage: source excel PATH | access PATH [PASSWORD] | odbc DSN [USER "
        "[PASSWORD]]\n"},
+      {"source excel my books.xls",
+       "A source of the kind excel does not take 'books.xls'; a path with blanks stands in double "
+       "quotes.\n"},
       {"source dbase x", "The kinds of source are excel, access and odbc, not 'dbase'.\n"},
       {"check-masters maybe", "usage: check-masters on|off\n"},
       {"options Colour=red",
