@@ -75,8 +75,10 @@ RunOrder::RunOrder(std::string_view commandLine) {
   std::string* const values[] = {&sourceKind, &sourcePath,    &importType, &company,
                                  &reportPath, &serverAddress, &portNo,     &postOrder,
                                  &odbcUser,   &odbcPassword};
+  const std::int16_t given = CountArguments(commandLine);
   std::int16_t index = 0;
   for (std::string* value : values) {
+    if (index == given) break;
     *value = platform::ReplaceAll(GetArgument(commandLine, ++index), "'", "");
   }
   importType = platform::UpperCase(importType);
