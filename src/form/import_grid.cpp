@@ -22,6 +22,7 @@ void ImportGrid::Clear() {
   overwritten_ = {};
   overwrittenTexts_.reset();
   marks_ = {};
+  origin_.clear();
   currentRow_ = 0;
   hasRun_ = false;
 }

@@ -102,6 +102,10 @@ class ImportGrid {
   /// The row has its outcome, and so have the rows taken above it.
   void SetAnswered(std::size_t row) { marks_.at(row - 1).isAnswered = true; }
 
+  /// What the rows were read from, as the load describes it; empty when unknown.
+  const std::string& Origin() const { return origin_; }
+  void SetOrigin(std::string origin) { origin_ = std::move(origin); }
+
   /// Whether the column came with the source; the others a load has added.
   bool IsSourceColumn(std::size_t column) const { return column <= sourceColumns_; }
 
@@ -128,6 +132,7 @@ class ImportGrid {
   std::unordered_map<std::uint64_t, std::size_t> overwritten_;
   std::unique_ptr<platform::TextTable> overwrittenTexts_;
   std::vector<RowMark> marks_;
+  std::string origin_;
   std::size_t currentRow_ = 0;
   bool redraw_ = true;
   bool hasRun_ = false;

@@ -1,5 +1,7 @@
 #include "sources/record_loading.h"
 
+#include <filesystem>
+
 #include "formats/format_catalogue.h"
 #include "platform/runtime/text.h"
 #include "sources/grid_copy.h"
@@ -92,10 +94,30 @@ void PickTable(ImportForm& importForm, const std::string& entry) {
   cmbTableName_Click(importForm);
 }
 
+std::string RowsOrigin(const ImportForm& importForm, const std::string& entry) {
+  const std::string& kind = importForm.TabSource.selected;
+  if (kind == "ODBC") return {};
+  const std::string& path = kind == "Excel" ? importForm.txtFilePath : importForm.txtMdbPath;
+  std::error_code failed;
+  const auto size = std::filesystem::file_size(path, failed);
+  if (failed) return {};
+  const auto written = std::filesystem::last_write_time(path, failed);
+  if (failed) return {};
+  std::string origin =
+      std::to_string(size) + ' ' + std::to_string(written.time_since_epoch().count());
+  for (const std::string* part :
+       {&kind, &path, &entry, &importForm.DateFormat, &importForm.AmountFormat}) {
+    origin.append(1, '\n').append(*part);
+  }
+  return origin;
+}
+
 void cmbTableName_Click(ImportForm& importForm) {
   importForm.Trap("F01-0017", [&] {
     const std::string& text = importForm.cmbTableName.text;
     if (platform::EqualsNoCase(text, form::kTypePrompt)) return;
+    // Taken before the file is read, so that a change during the load counts.
+    const std::string origin = RowsOrigin(importForm, text);
     const std::string sheet = platform::RemoveBlanks(text);
     const std::string& kind = importForm.TabSource.selected;
     if (kind == "Excel") {
@@ -106,6 +128,10 @@ void cmbTableName_Click(ImportForm& importForm) {
       LoadODBCRows(importForm, sheet, importForm.txtODBCPath, importForm.txtODBCUser,
                    importForm.txtPass);
     }
+    // A load that left the rows as they were has left their origin, too.
+    form::ImportGrid& grid = importForm.GR1;
+    const bool isLoaded = grid.Redraw() && grid.ColumnCount() > 0;
+    if (isLoaded && grid.Origin().empty()) grid.SetOrigin(origin);
   });
 }
 

@@ -54,10 +54,12 @@ void OdbcPathEntered(ImportForm& importForm) {
   });
 }
 
+// Each leaving of a path lists its source anew. Its rows stay with their marks, for
+// who only walks through the controls after a run.
 void ValidateFilePath(ImportForm& importForm) {
   importForm.Trap("F01-0009", [&] {
     if (IsBadPath(importForm.txtFilePath, ".XLS")) return RestOnPrompt(importForm);
-    LoadExcelSheets(importForm, importForm.txtFilePath);
+    LoadExcelSheets(importForm, importForm.txtFilePath, PickedRows::KeepUnchanged);
   });
 }
 
@@ -65,7 +67,7 @@ void ValidateMdbPath(ImportForm& importForm) {
   importForm.Trap("F01-0010", [&] {
     if (IsBadPath(importForm.txtMdbPath, ".MDB")) return RestOnPrompt(importForm);
     LoadAccessTables(importForm, importForm.txtMdbPath, importForm.txtMDBUser,
-                     importForm.txtMDBPass);
+                     importForm.txtMDBPass, PickedRows::KeepUnchanged);
   });
 }
 

@@ -14,7 +14,8 @@ void FilePathPicked(form::ImportForm& importForm, const std::string& path);
 void MdbPathPicked(form::ImportForm& importForm, const std::string& path);
 /// The button `cmdODBCPath`.
 void OdbcPathEntered(form::ImportForm& importForm);
-/// The focus leaves `txtFilePath`; it is never held back.
+/// The focus leaves `txtFilePath`; it is never held back. The source is listed anew
+/// each time; its rows are read anew only when the file or the formats have changed.
 void ValidateFilePath(form::ImportForm& importForm);
 /// The focus leaves `txtMdbPath`.
 void ValidateMdbPath(form::ImportForm& importForm);

@@ -31,13 +31,19 @@ void ClearListAndGrid(ImportForm& importForm) {
 /// Keeps the user's choice over a new list of the same source. Picking an entry
 /// reads its rows, so the grid never shows rows of another file. A list that was
 /// left alone, for want of a file, still shows the choice and reads nothing.
-void PutBack(ImportForm& importForm, const std::string& remembered, bool caseMatters) {
+void PutBack(ImportForm& importForm, const std::string& remembered, bool caseMatters,
+             PickedRows rows) {
   if (remembered.empty() || platform::EqualsNoCase(remembered, kTypePrompt)) return;
   if (importForm.cmbTableName.text == remembered) return;
   for (const std::string& entry : importForm.cmbTableName.entries) {
     if (caseMatters ? entry == remembered : platform::EqualsNoCase(entry, remembered)) {
-      PickTable(importForm, entry);
-      return;
+      const std::string& origin = importForm.GR1.Origin();
+      if (rows == PickedRows::KeepUnchanged && !origin.empty() &&
+          origin == RowsOrigin(importForm, entry)) {
+        importForm.cmbTableName.text = entry;
+        return;
+      }
+      return PickTable(importForm, entry);
     }
   }
 }
@@ -50,7 +56,7 @@ void ListTextFile(ImportForm& importForm, const std::string& path, std::string_v
 
 }  // namespace
 
-void LoadExcelSheets(ImportForm& importForm, const std::string& path) {
+void LoadExcelSheets(ImportForm& importForm, const std::string& path, PickedRows rows) {
   importForm.Trap("F01-0001", [&] {
     if (Trim(path).empty()) return ClearListAndGrid(importForm);
     if (!FileExists(path)) return;
@@ -64,12 +70,12 @@ void LoadExcelSheets(ImportForm& importForm, const std::string& path) {
       platform::Recordset schema = OpenWorkbookForList(path)->OpenSchema();
       LoadList(importForm, schema);
     }
-    PutBack(importForm, remembered, true);
+    PutBack(importForm, remembered, true, rows);
   });
 }
 
 void LoadAccessTables(ImportForm& importForm, const std::string& path, const std::string& /*user*/,
-                      const std::string& password) {
+                      const std::string& password, PickedRows rows) {
   importForm.Trap("F01-0002", [&] {
     const std::string text = importForm.cmbTableName.text;
     const std::string remembered = Trim(text).empty() ? "" : text;
@@ -79,7 +85,7 @@ void LoadAccessTables(ImportForm& importForm, const std::string& path, const std
       platform::Recordset schema = OpenAccess(path, password)->OpenSchema();
       LoadList(importForm, schema);
     }
-    PutBack(importForm, remembered, false);
+    PutBack(importForm, remembered, false, rows);
   });
 }
 

@@ -127,6 +127,34 @@ TEST_F(TableListing, KeepsTheChoiceThatTheNewListHas) {
   EXPECT_EQ(form_.cmbTableName.text, kPrompt);
 }
 
+TEST_F(TableListing, LeavingAPathKeepsTheMarksOfUnchangedRows) {
+  const std::string path = MakeFile("UNITS.csv", "Name\nPcs\n");
+  form_.txtFilePath = path;
+  ValidateFilePath(form_);
+  PickTable(form_, "UNITS");
+  form_.GR1.SetText(1, 2, "CREATED");
+  form_.cmbTableName.entries.clear();
+  ValidateFilePath(form_);
+  EXPECT_EQ(Offered(), "UNITS");  // listed anew all the same
+  EXPECT_EQ(form_.cmbTableName.text, "UNITS");
+  EXPECT_EQ(form_.GR1.Text(1, 2), "CREATED");
+
+  // What the rows hang on has changed: they are read.
+  MakeFile("UNITS.csv", "Name\nDoz\n");
+  std::filesystem::last_write_time(
+      path, std::filesystem::file_time_type::clock::now() + std::chrono::seconds(2));
+  ValidateFilePath(form_);
+  EXPECT_EQ(Grid()[1], "Doz|");
+  form_.GR1.SetText(1, 2, "CREATED");
+  form_.DateFormat = "yyyy";
+  ValidateFilePath(form_);
+  EXPECT_EQ(Grid()[1], "Doz|");
+  // A pick, of the file or of the type, reads them in any case.
+  form_.GR1.SetText(1, 2, "CREATED");
+  FilePathPicked(form_, path);
+  EXPECT_EQ(Grid()[1], "Doz|");
+}
+
 TEST_F(TableListing, LeavesTheListAloneWithoutAFileToList) {
   form_.txtFilePath = Data("xls/books.xls");
   LoadExcelSheets(form_, form_.txtFilePath);
