@@ -101,6 +101,12 @@ QString GridModel::FullText(int row, int column) const {
   return Has(row, column) ? ToQt(Text(row, column)) : QString();
 }
 
+QVariant GridModel::ColumnAlignment(std::size_t column) const {
+  const auto kind = grid_->Column(column).kind;
+  const bool isNumber = kind == decltype(kind)::Number;
+  return QVariant(Qt::Alignment((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+}
+
 QVariant GridModel::Foreground(const RowMark& mark) const {
   if (mark.foreColour == form::kBlack) return {};  // the palette's own
   if (!isDark_) return FromGrid(mark.foreColour);
@@ -139,12 +145,8 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
       return mark.statusBold && IsStatus(column) ? QVariant(boldFont_) : QVariant();
     case Qt::DecorationRole:
       return column == 0 ? RowIcon(mark) : QVariant();
-    case Qt::TextAlignmentRole: {
-      const auto kind = grid_->Column(static_cast<std::size_t>(column) + 1).kind;
-      const bool isNumber = kind == decltype(kind)::Number;
-      return QVariant(
-          Qt::Alignment((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
-    }
+    case Qt::TextAlignmentRole:
+      return ColumnAlignment(static_cast<std::size_t>(column) + 1);
     case Qt::ToolTipRole:
       return ToolTip(row, column);
     case Qt::AccessibleTextRole:
@@ -162,8 +164,7 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
   const auto column = static_cast<std::size_t>(section) + 1;
   if (!grid_ || !grid_->Redraw() || column > grid_->ColumnCount()) return {};
   if (role == Qt::DisplayRole) return CellText(grid_->Column(column).header);
-  if (role == Qt::TextAlignmentRole)
-    return QVariant(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+  if (role == Qt::TextAlignmentRole) return ColumnAlignment(column);
   return {};
 }
 

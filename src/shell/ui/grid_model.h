@@ -39,6 +39,7 @@ class GridModel : public QAbstractTableModel {
   bool Has(int row, int column) const;
   std::string_view Text(int row, int column) const;
   bool IsStatus(int column) const { return column + 1 == columns_; }
+  QVariant ColumnAlignment(std::size_t column) const;
   QVariant Foreground(const form::RowMark& mark) const;
   QVariant RowIcon(const form::RowMark& mark) const;
   QVariant ToolTip(int row, int column) const;

@@ -100,6 +100,7 @@ void BuildFrames(MainControls& controls, QVBoxLayout& all) {
     frame->setProperty("Index", static_cast<int>(i));
     frame->setAccessibleName(QString(kSourceTabs[i]) + " source");
     frame->setFrameShape(QFrame::StyledPanel);
+    frame->setVisible(i == 0);
     controls.frSource[i] = frame;
     all.addWidget(frame);
   }
@@ -219,6 +220,7 @@ void BuildTables(MainControls& controls, QVBoxLayout& all) {
   controls.tables->setCollapsible(0, false);
   // The loaded table lies folded below the grid, which shows the same rows.
   controls.tables->setSizes({1000, 0, 240, 0});
+  controls.lstTransactions->hide();
   controls.lstItemTree->hide();
   all.addWidget(controls.tables, 1);
 }
@@ -271,6 +273,8 @@ MainControls BuildMainControls(QMainWindow& window) {
   controls.TabSource->setAccessibleName("Kind of source");
   controls.TabSource->setExpanding(false);
   controls.TabSource->setDrawBase(false);
+  // The names are their own mnemonics: Alt+E, Alt+A, Alt+O.
+  for (const char* tab : kSourceTabs) controls.TabSource->addTab(QString("&") + tab);
   all->addWidget(controls.TabSource);
   all->setSpacing(6);
   BuildFrames(controls, *all);

@@ -9,6 +9,8 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
 #include <algorithm>
@@ -58,7 +60,8 @@ MainWindow::MainWindow() : controls_(BuildMainControls(*this)) {
   setWindowTitle("Vorlane " + ToQt(kVersion));
   setWindowIcon(ProgramIcon());
   setAcceptDrops(true);
-  resize(1100, 700);
+  // At a high scale a small screen has room for less.
+  resize(QSize(1100, 700).boundedTo(screen()->availableSize()));
   memory_.Restore(*this);
   ConnectSource();
   ConnectRun();
@@ -192,6 +195,24 @@ void MainWindow::ShowDataTab() {
   controls_.lstLedgerTree->setVisible(!showsColumns);
   controls_.lstTransactions->setVisible(showsColumns);
   controls_.lstItemTree->hide();
+  NoteFolded();
+}
+
+/// A folded list must not take the focus, which would be out of sight there.
+void MainWindow::NoteFolded() {
+  const bool isFolded = controls_.tables->sizes()[1] == 0;
+  controls_.lstLedgerTree->setFocusPolicy(isFolded ? Qt::NoFocus : Qt::StrongFocus);
+}
+
+/// Brings the table as it was loaded up below the grid, or folds it again.
+void MainWindow::ToggleLoaded() {
+  const bool isShown = form_->TabData == form::DataTab::Grid && controls_.tables->sizes()[1] > 0;
+  form_->TabData = form::DataTab::Grid;
+  ShowDataTab();
+  const int height = controls_.tables->height();
+  controls_.tables->setSizes(isShown ? QList{height, 0, 0, 0} : QList{height, height / 2, 0, 0});
+  NoteFolded();
+  (isShown ? static_cast<QWidget*>(controls_.GR1) : controls_.lstLedgerTree)->setFocus();
 }
 
 void MainWindow::ShowPanels() {
@@ -254,11 +275,17 @@ std::optional<form::OptionsFields> MainWindow::ShowOptions(const form::OptionsFi
   return dialog.Fields();
 }
 
-void MainWindow::PanelChanged(form::Panel, std::string_view) {
+void MainWindow::PanelChanged(form::Panel panel, std::string_view) {
   // Rows come by the thousand and are drawn with the progress. What is told outside
   // of them may stand for as long as Tally takes, so it is painted at once.
   if (controls_.progress->IsAtWork()) return;
   ShowPanels();
+  if (panel == form::Panel::Stat) {
+    // Tally is asked next: all that is known by now stands until it answers.
+    ShowForm();
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    return;
+  }
   QCoreApplication::sendPostedEvents(controls_.SB, QEvent::LayoutRequest);
   controls_.SB->repaint();
 }
@@ -274,6 +301,7 @@ void MainWindow::Progress(std::size_t done, std::size_t total) {
 
 void MainWindow::GridChanged() {
   isSummaryStale_ = true;
+  if (form_->GR1.Redraw()) controls_.progress->End();  // the walk through the rows is over
   GridModel& model = controls_.GR1->Model();
   const form::ImportGrid& grid = form_->GR1;
   const bool isSameShape = grid.Redraw() && grid.HasRun() &&
@@ -311,6 +339,11 @@ void MainWindow::LetEventsRun() {
   Draw();
   QCoreApplication::processEvents();
   if (isClosed_) throw ClosedByUser{};
+}
+
+void MainWindow::resizeEvent(QResizeEvent* event) {
+  QMainWindow::resizeEvent(event);
+  controls_.progress->FitInto(width());
 }
 
 void MainWindow::Close() {

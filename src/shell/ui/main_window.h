@@ -53,6 +53,7 @@ class MainWindow : public QMainWindow, public form::Face {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
@@ -75,6 +76,8 @@ class MainWindow : public QMainWindow, public form::Face {
   void ShowRun();
   void ShowPanels();
   void ShowDataTab();
+  void NoteFolded();
+  void ToggleLoaded();
   void ShowMarks();
   void ShowSummary();
   void Draw();

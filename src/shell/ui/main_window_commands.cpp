@@ -125,6 +125,14 @@ void MainWindow::ConnectTables() {
     connect(list, &QTableView::doubleClicked, this,
             [this](const QModelIndex& cell) { ShowCell(cell); });
   }
+  connect(controls_.tables, &QSplitter::splitterMoved, this, [this] { NoteFolded(); });
+  auto* loaded = new QAction("Show the source as &loaded", this);
+  loaded->setObjectName("mnuShowLoaded");
+  loaded->setShortcut(QKeySequence("F6"));
+  connect(loaded, &QAction::triggered, this, [this] {
+    if (form_) ToggleLoaded();
+  });
+  controls_.GR1->addAction(loaded);
   controls_.GR1->SetCommands({[this] { return FailedRows(form_->GR1); }, [this] { SaveFailed(); }});
 }
 

@@ -21,6 +21,7 @@ namespace {
 constexpr qsizetype kMostCharacters = 1500;
 constexpr qsizetype kMostLines = 25;
 constexpr int kWidestLine = 800;
+constexpr int kTitleButtons = 120;
 
 QMessageBox::Icon IconOf(BoxIcon icon) {
   switch (icon) {
@@ -45,10 +46,11 @@ QString Beginning(const QString& text) {
 }
 
 /// The box breaks lines early; those that fit the screen are to stand whole.
+/// So is the title, which has the window's buttons beside it.
 void KeepLinesWhole(QMessageBox& dialog, const QString& text) {
   auto* label = dialog.findChild<QLabel*>("qt_msgbox_label");
   if (!label) return;
-  int width = 0;
+  int width = label->fontMetrics().horizontalAdvance(dialog.windowTitle()) + kTitleButtons;
   for (const QString& line : text.split('\n')) {
     width = std::max(width, label->fontMetrics().horizontalAdvance(line));
   }

@@ -36,9 +36,10 @@ QString ProgressText(std::size_t done, std::size_t total, std::chrono::duration<
   return text + ", " + Grouped(total - done) + " left, " + About(remains);
 }
 
-QString SummaryText(const RunSummary& summary) {
+QString SummaryText(const RunSummary& summary, bool withZeros) {
   QStringList parts;
   for (const ResultName& name : kResultNames) {
+    if (!withZeros && summary.Rows(name.result) == 0) continue;
     parts << ToQt(name.caption) + ' ' + Grouped(summary.Rows(name.result));
   }
   return parts.join(QStringLiteral(" · "));
@@ -94,7 +95,9 @@ void ProgressPanel::End() {
 }
 
 void ProgressPanel::ShowSummary(const RunSummary& summary) {
-  summary_->setText(SummaryText(summary));
+  wholeSummary_ = SummaryText(summary, true);
+  shortSummary_ = SummaryText(summary, false);
+  FitSummary();
   QStringList lines;
   for (const ResultName& name : kResultNames) {
     lines << ToQt(name.caption) + ": " + Grouped(summary.Rows(name.result));
@@ -105,7 +108,19 @@ void ProgressPanel::ShowSummary(const RunSummary& summary) {
   summary_->setVisible(total_ == 0);
 }
 
+void ProgressPanel::FitInto(int windowWidth) {
+  windowWidth_ = windowWidth;
+  FitSummary();
+}
+
+void ProgressPanel::FitSummary() {
+  const bool fits = summary_->fontMetrics().horizontalAdvance(wholeSummary_) <= windowWidth_ / 2;
+  summary_->setText(fits || shortSummary_.isEmpty() ? wholeSummary_ : shortSummary_);
+}
+
 void ProgressPanel::ClearSummary() {
+  wholeSummary_.clear();
+  shortSummary_.clear();
   summary_->clear();
   summary_->hide();
 }

@@ -30,14 +30,22 @@ class ProgressPanel : public QWidget {
 
   void ShowSummary(const RunSummary& summary);
   void ClearSummary();
+  /// Leaves the panels room in a window of that width: in a narrow one the counts
+  /// that are zero stand in the tool tip only.
+  void FitInto(int windowWidth);
 
   /// Whether rows have been noted since the work began.
   bool IsAtWork() const { return total_ != 0; }
 
  private:
+  void FitSummary();
+
   QProgressBar* bar_;
   QLabel* left_;
   QLabel* summary_;
+  QString wholeSummary_;
+  QString shortSummary_;
+  int windowWidth_ = 0;
   std::size_t done_ = 0;
   std::size_t total_ = 0;
   Clock::time_point begun_{};
@@ -47,7 +55,7 @@ class ProgressPanel : public QWidget {
 /// `elapsed` is what the rows done took.
 QString ProgressText(std::size_t done, std::size_t total, std::chrono::duration<double> elapsed);
 
-/// The counts of a run on one line.
-QString SummaryText(const RunSummary& summary);
+/// The counts of a run on one line, with or without those that are zero.
+QString SummaryText(const RunSummary& summary, bool withZeros);
 
 }  // namespace vorlane::shell::ui

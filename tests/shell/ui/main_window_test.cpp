@@ -40,7 +40,11 @@ void EnterFile(QWidget& dialog, const std::string& path) {
 
 class MainWindowTest : public DesktopFixture {
  protected:
-  std::string Summary() { return FromQt(The<QLabel>("lblSummary").text()); }
+  std::string Summary(int windowWidth = 1200) {
+    window_->resize(windowWidth, 600);
+    QApplication::processEvents();
+    return FromQt(The<QLabel>("lblSummary").text());
+  }
   void PostWithYes() {
     WillPress(QMessageBox::Yes);
     WillPress(QMessageBox::Ok);
@@ -165,6 +169,7 @@ TEST_F(MainWindowTest, AFileIsPickedPostedMarkedAndReported) {
   EXPECT_EQ(window_->Controls().GR1->currentIndex().row(), 2);  // the row of the last mark
   EXPECT_EQ(Summary(),
             "Created 2 · Altered 0 · Skipped 0 · Refused 1 · Without answer 0 · Not reached 0");
+  EXPECT_EQ(Summary(700), "Created 2 · Refused 1");  // the panels keep their room
   Picture("main");
 
   WillPress(QMessageBox::Ok);
