@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -284,9 +285,9 @@ void MainWindow::PanelChanged(form::Panel panel, std::string_view) {
     // Tally is asked next: all that is known by now stands until it answers.
     ShowForm();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    return;
   }
   QCoreApplication::sendPostedEvents(controls_.SB, QEvent::LayoutRequest);
+  controls_.SB->layout()->activate();
   controls_.SB->repaint();
 }
 

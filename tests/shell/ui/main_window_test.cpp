@@ -156,7 +156,13 @@ TEST_F(MainWindowTest, AFileIsPickedPostedMarkedAndReported) {
   EXPECT_EQ(TakeBoxes(), Texts{kQuestion});
   EXPECT_EQ(Status(1), "");
 
-  PostWithYes();
+  WillPress(QMessageBox::Yes);
+  WillDo([&](QWidget& dialog) {
+    EXPECT_FALSE(The<QProgressBar>("prgRows").isVisible());  // nothing is left to do
+    EXPECT_TRUE(The<QLabel>("lblSummary").isVisible());
+    qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Ok)->click();
+  });
+  Click("cmdPost");
   EXPECT_EQ(TakeBoxes(), (Texts{kQuestion, kCompleted}));
   EXPECT_EQ(Status(1), "CREATED ");
   EXPECT_TRUE(Status(2).starts_with("ERRORS ")) << Status(2);
@@ -223,6 +229,51 @@ TEST_F(MainWindowTest, TheWindowLivesBetweenRowsAndClosingEndsTheRun) {
   EXPECT_FALSE(window_->isVisible());
   EXPECT_EQ(Status(1), "CREATED ");
   EXPECT_EQ(Status(3000), "");
+}
+
+/// What the window shows when Tally is asked, and may take its time.
+TEST_F(MainWindowTest, WhatWasLoadedIsInViewWhileTallyIsAsked) {
+  const std::string file = GroupsFile();
+  WillDo([&](QWidget& dialog) {
+    EXPECT_TRUE(The<QLineEdit>("txtFilePath").isVisible());
+    EXPECT_FALSE(The<QLineEdit>("txtODBCPath").isVisible());
+    EXPECT_FALSE(The<QTableView>("lstTransactions").isVisible());
+    EXPECT_EQ(The<QComboBox>("cmbTableName").currentText(), "LEDGER GROUPS");
+    EXPECT_FALSE(The<QProgressBar>("prgRows").isVisible());
+    qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Ok)->click();
+  });
+  QStringList asked;  // as the controls stood each time when Tally's panel was painted
+  struct Watch : QObject {
+    std::function<void()> onPaint;
+    bool eventFilter(QObject*, QEvent* event) override {
+      if (event->type() == QEvent::Paint) onPaint();
+      return false;
+    }
+  } watch;
+  watch.onPaint = [&] {
+    if (The<QLabel>("stat").text() != "Wait............") return;
+    asked << The<QLineEdit>("txtFilePath").text() +
+                 QString::number(window_->Controls().GR1->Model().rowCount()) +
+                 (The<QProgressBar>("prgRows").isVisible() ? "busy" : "");
+  };
+  The<QLabel>("stat").installEventFilter(&watch);
+  ASSERT_TRUE(Start("XLS " + file + R"( LEDGERGROUPS "" "" 127.0.0.1 1)"));
+  EXPECT_TRUE(asked.contains(ToQt(file) + "5")) << FromQt(asked.join('|'));
+  EXPECT_EQ(TakeBoxes(), Texts{"Tally Search.|Tally is not running."});
+}
+
+TEST_F(MainWindowTest, AFoldedListTakesNoFocusAndAKeyUnfoldsIt) {
+  ASSERT_TRUE(StartWith(GroupsFile(), "LEDGERGROUPS"));
+  auto& loaded = The<QTableView>("lstLedgerTree");
+  EXPECT_EQ(loaded.focusPolicy(), Qt::NoFocus);
+  The<QTabBar>("TabData").setCurrentIndex(1);
+  Choose("mnuShowLoaded");
+  EXPECT_EQ(The<QTabBar>("TabData").currentIndex(), 0);
+  EXPECT_GT(loaded.height(), 50);
+  EXPECT_TRUE(loaded.hasFocus());
+  Choose("mnuShowLoaded");
+  EXPECT_EQ(loaded.focusPolicy(), Qt::NoFocus);
+  EXPECT_TRUE(window_->Controls().GR1->hasFocus());
 }
 
 TEST_F(MainWindowTest, AnOrderedRunReportsAndCloses) {
