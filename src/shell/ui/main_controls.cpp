@@ -126,7 +126,7 @@ QComboBox* AddCombo(QGridLayout& grid, int row, const char* name, const char* la
   combo->setObjectName(name);
   combo->setAccessibleName(QString(label).remove('&'));
   combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-  combo->setMinimumContentsLength(28);
+  combo->setMinimumContentsLength(12);
   auto* caption = new QLabel(label);
   caption->setBuddy(combo);
   grid.addWidget(caption, row, 0);

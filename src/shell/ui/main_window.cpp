@@ -61,12 +61,20 @@ MainWindow::MainWindow() : controls_(BuildMainControls(*this)) {
   setWindowTitle("Vorlane " + ToQt(kVersion));
   setWindowIcon(ProgramIcon());
   setAcceptDrops(true);
-  // At a high scale a small screen has room for less.
-  resize(QSize(1100, 700).boundedTo(screen()->availableSize()));
+  resize(1100, 700);
   memory_.Restore(*this);
+  FitScreen();
   ConnectSource();
   ConnectRun();
   ConnectTables();
+}
+
+/// The screen may have become a smaller one, or have a higher scale.
+void MainWindow::FitScreen() {
+  const QRect room = screen()->availableGeometry();
+  if (size().boundedTo(room.size()) == size()) return;
+  resize(size().boundedTo(room.size()));
+  move(room.topLeft());
 }
 
 MainWindow::~MainWindow() {

@@ -64,6 +64,7 @@ class MainWindow : public QMainWindow, public form::Face {
   /// loop, to the command that began it. No trap takes it for a failure.
   struct ClosedByUser {};
 
+  void FitScreen();
   void ConnectSource();
   void ConnectRun();
   void ConnectTables();
