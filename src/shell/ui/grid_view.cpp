@@ -14,6 +14,7 @@ namespace vorlane::shell::ui {
 
 namespace {
 
+constexpr int kLeftAlone = 3000;  // milliseconds in which nobody scrolls or selects
 constexpr int kFittedRows = 300;  // a column is fitted to its first and last rows
 constexpr int kWidestColumn = 320;
 constexpr int kWidestStatus = 640;
@@ -72,6 +73,7 @@ GridView::GridView(QWidget* parent) : QTableView(parent), model_(new GridModel(t
   horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   setContextMenuPolicy(Qt::ActionsContextMenu);
   AddMenu();
+  connect(verticalScrollBar(), &QScrollBar::actionTriggered, this, [this] { touched_.start(); });
   ReadPalette();
 }
 
@@ -110,7 +112,14 @@ void GridView::changeEvent(QEvent* event) {
   }
 }
 
+bool GridView::viewportEvent(QEvent* event) {
+  const QEvent::Type type = event->type();
+  if (type == QEvent::Wheel || type == QEvent::MouseButtonPress) touched_.start();
+  return QTableView::viewportEvent(event);
+}
+
 void GridView::keyPressEvent(QKeyEvent* event) {
+  touched_.start();
   if (event->matches(QKeySequence::Copy)) return Copy();  // the view's own copies one cell
   QTableView::keyPressEvent(event);
 }
@@ -132,6 +141,7 @@ void GridView::FitColumn(int column, int atMost) {
 }
 
 void GridView::GridChanged() {
+  touched_.invalidate();
   model_->Reset();
   const int columns = model_->columnCount();
   for (int column = 0; column < columns; ++column) {
@@ -150,6 +160,11 @@ void GridView::FitStatus() {
 }
 
 void GridView::FollowRow(std::size_t row) {
+  const bool isInUse = touched_.isValid() && !touched_.hasExpired(kLeftAlone);
+  if (!isInUse) GoToRow(row);
+}
+
+void GridView::GoToRow(std::size_t row) {
   const int wanted = static_cast<int>(row) - 1;
   if (wanted < 0 || wanted >= model_->rowCount()) return;
   const int column = std::max(0, currentIndex().column());
@@ -215,7 +230,8 @@ void GridView::NextFailed() {
   if (rows.empty()) return;
   const auto current = static_cast<std::size_t>(currentIndex().row() + 1);
   const auto next = std::upper_bound(rows.begin(), rows.end(), current);
-  FollowRow(next == rows.end() ? rows.front() : *next);
+  GoToRow(next == rows.end() ? rows.front() : *next);
+  touched_.start();
 }
 
 }  // namespace vorlane::shell::ui

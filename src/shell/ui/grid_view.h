@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QElapsedTimer>
 #include <QTableView>
 #include <functional>
 
@@ -25,7 +26,8 @@ class GridView : public QTableView {
   void GridChanged();
   /// Fits the status column, then the first one, to what they hold now.
   void FitStatus();
-  /// Makes a row, from 1, the current one and brings it into view.
+  /// Makes a row, from 1, the current one and brings it into view; not while the
+  /// user moves about in the grid, who would never get to read or copy a cell.
   void FollowRow(std::size_t row);
 
   /// The selected cells as a spreadsheet takes them: a tab between cells, a line a
@@ -40,14 +42,17 @@ class GridView : public QTableView {
  protected:
   void changeEvent(QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
 
  private:
   void AddMenu();
   void FitColumn(int column, int atMost);
   void ReadPalette();
+  void GoToRow(std::size_t row);
 
   GridModel* model_;
   Commands commands_;
+  QElapsedTimer touched_;  // since the user last moved about; invalid before
 };
 
 }  // namespace vorlane::shell::ui

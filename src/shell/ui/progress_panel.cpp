@@ -13,6 +13,7 @@ namespace vorlane::shell::ui {
 namespace {
 
 constexpr int kBarSteps = 1000;
+constexpr int kNarrowWindow = 1000;
 
 QString Grouped(std::size_t number) {
   static const QLocale kLocale(QLocale::English, QLocale::UnitedStates);  // never the user's
@@ -55,7 +56,6 @@ ProgressPanel::ProgressPanel(QWidget* parent) : QWidget(parent) {
   bar_->setAccessibleName("Progress of the rows");
   bar_->setRange(0, kBarSteps);
   bar_->setTextVisible(false);
-  bar_->setFixedWidth(160);
   bar_->setMaximumHeight(14);
   summary_ = new QLabel;
   summary_->setObjectName("lblSummary");
@@ -110,6 +110,7 @@ void ProgressPanel::ShowSummary(const RunSummary& summary) {
 
 void ProgressPanel::FitInto(int windowWidth) {
   windowWidth_ = windowWidth;
+  bar_->setFixedWidth(windowWidth < kNarrowWindow ? 50 : 160);
   FitSummary();
 }
 

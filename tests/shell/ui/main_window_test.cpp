@@ -403,15 +403,30 @@ TEST_F(MainWindowTest, FailedRowsAreFoundCopiedAndSaved) {
             std::string::npos);
 }
 
+TEST_F(MainWindowTest, ARunDoesNotTearAwayWhoReadsTheRows) {
+  ASSERT_TRUE(StartWith(GroupsFile(), "LEDGERGROUPS"));
+  GridView& grid = *window_->Controls().GR1;
+  grid.FollowRow(3);
+  EXPECT_EQ(grid.currentIndex().row(), 2);
+  QTest::keyClick(&grid, Qt::Key_Up);
+  grid.FollowRow(4);
+  EXPECT_EQ(grid.currentIndex().row(), 1);
+  grid.NextFailed();  // nothing has failed
+  EXPECT_EQ(grid.currentIndex().row(), 1);
+  grid.GridChanged();
+  grid.FollowRow(1);
+  EXPECT_EQ(grid.currentIndex().row(), 0);
+}
+
 TEST_F(MainWindowTest, SizeAndFolderAreRemembered) {
   ASSERT_TRUE(StartAtTally());
-  window_->resize(900, 610);
+  window_->resize(795, 610);
   const std::string file = GroupsFile();
   WillDo([&](QWidget& dialog) { EnterFile(dialog, file); });
   Click("cmdFilePath");
   window_->close();
   Build();
-  EXPECT_EQ(window_->size(), QSize(900, 610));
+  EXPECT_EQ(window_->size(), QSize(795, 610));
   ASSERT_TRUE(StartAtTally());
   WillDo([&](QWidget& dialog) {
     EXPECT_EQ(FromQt(qobject_cast<QFileDialog*>(&dialog)->directory().absolutePath()),
