@@ -74,6 +74,40 @@ std::size_t NumberIn(std::string_view text) {
   return number;
 }
 
+std::string FormOf(const ColumnFacts& column, const Description& row) {
+  const std::string form = Joined(column.reading, ", ", row.form);
+  return form.empty() ? "text" : form;
+}
+
+/// The numbers of "1-3,7".
+std::vector<std::size_t> RowsIn(const std::string& ranges) {
+  std::vector<std::size_t> rows;
+  std::istringstream parts(ranges);
+  for (std::string part; std::getline(parts, part, ',');) {
+    const std::size_t dash = part.find('-');
+    const std::size_t last =
+        NumberIn(dash == std::string::npos ? part : std::string_view(part).substr(dash + 1));
+    for (std::size_t row = NumberIn(part); row <= last; ++row) rows.push_back(row);
+  }
+  return rows;
+}
+
+/// The fields that ": A, B" names, else all.
+std::vector<std::size_t> FieldsIn(const std::string& wanted, const platform::Recordset& records) {
+  std::vector<std::size_t> fields;
+  if (wanted.empty()) {
+    for (std::size_t field = 0; field < records.Fields().size(); ++field) fields.push_back(field);
+    return fields;
+  }
+  std::istringstream names(wanted.substr(wanted.find(':') + 1));
+  for (std::string name; std::getline(names, name, ',');) {
+    const auto field = records.FindField(platform::Trim(name));
+    if (!field) Fail("The sheet has no column \"" + name + "\".");
+    fields.push_back(*field);
+  }
+  return fields;
+}
+
 std::string LinkTo(const std::string& target, const std::string& fromPage) {
   return fs::path(target).lexically_relative(fs::path(fromPage).parent_path()).generic_string();
 }
@@ -164,7 +198,7 @@ std::string Pages::ColumnTables(const std::string& type) {
     }
     row->isUsed = true;
     rows[row->section] +=
-        TableRow({"`" + row->name + "`", column.need, Joined(column.reading, ", ", row->form),
+        TableRow({"`" + row->name + "`", column.need, FormOf(column, *row),
                   Joined(column.tally, "; ", row->tally), row->empty, row->example});
   }
   std::string tables;
@@ -179,29 +213,27 @@ std::string Pages::ColumnTables(const std::string& type) {
 
 std::string Pages::Example(const std::string& order) const {
   std::istringstream words(order);
-  std::string file, sheet, range;
+  std::string file, sheet, range, wanted;
   words >> file >> sheet >> range;
+  std::getline(words, wanted);
   const auto connection = sources::OpenFileForRows(root_ + "/samples/" + file);
   const platform::Recordset records = connection->Open({sheet + "$", ""});
-  const std::size_t first = NumberIn(range);
-  const std::size_t dash = range.find('-');
-  const std::size_t last =
-      dash == std::string::npos ? first : NumberIn(std::string_view(range).substr(dash + 1));
-  if (first == 0 || last < first || last > records.RecordCount()) {
+  const std::vector<std::size_t> numbers = RowsIn(range);
+  if (numbers.empty() || *std::ranges::min_element(numbers) == 0 ||
+      *std::ranges::max_element(numbers) > records.RecordCount()) {
     Fail("The example \"" + order + "\" names rows that the sheet does not have; it has " +
          std::to_string(records.RecordCount()) + ".");
   }
   std::vector<std::string> names;
-  std::vector<std::vector<std::string>> rows(last - first + 1);
-  for (std::size_t field = 0; field < records.Fields().size(); ++field) {
-    bool isFilled = false;
-    for (std::size_t row = first; row <= last; ++row) {
-      isFilled = isFilled || !records.Rows()->Cell(row - 1, field).empty();
+  std::vector<std::vector<std::string>> rows(numbers.size());
+  for (const std::size_t field : FieldsIn(wanted, records)) {
+    const auto cell = [&](std::size_t number) { return records.Rows()->Cell(number - 1, field); };
+    if (std::ranges::all_of(numbers, [&](std::size_t number) { return cell(number).empty(); })) {
+      continue;
     }
-    if (!isFilled) continue;
     names.push_back(records.Fields()[field].name);
-    for (std::size_t row = first; row <= last; ++row) {
-      rows[row - first].emplace_back(records.Rows()->Cell(row - 1, field));
+    for (std::size_t row = 0; row < numbers.size(); ++row) {
+      rows[row].emplace_back(cell(numbers[row]));
     }
   }
   std::string table = Headings(names);
@@ -212,28 +244,31 @@ std::string Pages::Example(const std::string& order) const {
 std::string Pages::TypeTable(const std::string& path) const {
   std::string table = Headings({"Import type", "The sheet or table is called", "CSV, TXT", "`.xls`",
                                 "Access, ODBC", "In the order of `SrNo`", "Filled from above"});
+  std::string idle;
   for (const ImportType& type : sources::ImportTypes()) {
     if (type.listing == sources::kNotListed) continue;
+    const std::string key(type.key);
+    const auto page = pageOfType_.find(TypeOfColumns(key));
+    if (page == pageOfType_.end()) {
+      idle = Joined(idle, ", ", key);
+      continue;
+    }
     std::string names;
     for (const std::string_view name : type.tableNames) {
       if (!name.empty()) names = Joined(names, ", ", "`" + std::string(name) + "`");
     }
-    const std::string columns = TypeOfColumns(type.key);
-    const auto page = pageOfType_.find(columns);
-    const std::string key(type.key);
+    const auto says = [](bool yes) { return std::string(yes ? "yes" : ""); };
+    // A register is refused by the loaders' first question and read all the same,
+    // where there is a second table for its map.
     const bool isRegister = type.reading & sources::kRegister;
-    const bool isPosted = page != pageOfType_.end();
-    const auto says = [&](bool yes) { return std::string(isPosted && yes ? "yes" : ""); };
-    table += TableRow(
-        {isPosted ? "[" + key + "](" + LinkTo(page->second, path) + ")" : key + ", posts nothing",
-         names,
-         says(type.listing == sources::kListedText && !isRegister &&
-              type.accepting & sources::kByExcel),
-         says(isRegister || type.accepting & sources::kByExcel),
-         says(isRegister || type.accepting & sources::kByAccess),
-         says(type.reading & sources::kOrdered), says(type.reading & sources::kFilledDown)});
+    const bool isText = type.listing == sources::kListedText && !isRegister;
+    table += TableRow({"[" + key + "](" + LinkTo(page->second, path) + ")", names, says(isText),
+                       says(isRegister || type.accepting & sources::kByExcel),
+                       says(isRegister || type.accepting & sources::kByAccess),
+                       says(type.reading & sources::kOrdered),
+                       says(type.reading & sources::kFilledDown)});
   }
-  return table;
+  return table + "\nKnown by their names, and posting nothing: " + idle + ".\n";
 }
 
 }  // namespace vorlane::guide

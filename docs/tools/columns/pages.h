@@ -14,8 +14,9 @@ namespace vorlane::guide {
 /// remark that names it and one that ends it:
 ///
 ///   <!-- columns: LEDGERS -->      the columns of a type, a table for each heading
-///   <!-- example: masters.xls GODOWNS 1-3 -->   rows of a sample's sheet, without
-///                                  the columns that they leave empty
+///   <!-- example: masters.xls GODOWNS 1-3,7 -->   rows of a sample's sheet, without
+///                                  the columns that they leave empty; columns can be
+///                                  named behind the rows, as ": Name, Parent"
 ///   <!-- types -->                 the catalogue of import types
 ///   <!-- end -->
 class Pages {

@@ -93,8 +93,7 @@ class FormatReader {
     const bool isComputed = tag[kType] == "C" || tag[kType] == "G";
     const bool isNumber = EqualsNoCase(tag[kFormat].value_or(""), "NUMBER");
     const std::string group = tag[kGroup].value_or("");
-    const std::string name =
-        (isComputed ? "computed, `" : "`") + tag[kTag].value_or("") + "`";
+    const std::string name = (isComputed ? "computed, `" : "`") + tag[kTag].value_or("") + "`";
     for (const std::string& key : isComputed ? KeysIn(*tag[kField]) : Keys{*tag[kField]}) {
       AddPlace(key, name, group == format_.type ? "" : " of `" + group + "`");
       if (isNumber) columns_.At(key).reading = "number";
@@ -203,7 +202,9 @@ std::vector<std::string> DocumentedTypes() {
   const auto add = [&](const std::string& type) {
     if (!type.empty() && std::ranges::find(all, type) == all.end()) all.push_back(type);
   };
-  for (const ImportType& type : sources::ImportTypes()) add(TypeOfColumns(type.key));
+  for (const ImportType& type : sources::ImportTypes()) {
+    if (type.listing != sources::kNotListed) add(TypeOfColumns(type.key));
+  }
   for (const staging::ShippedFormat& format : staging::ShippedFormats()) {
     const std::string name = staging::ParseFormatText(format.text, format.file).name;
     const bool isKnown = std::ranges::any_of(sources::ImportTypes(), [&](const ImportType& type) {
