@@ -1,6 +1,6 @@
 #!/usr/bin/python3
-"""Makes the sample workbooks beside this file, and a seed for the practice
-gateway, from the tables below and in the modules beside it.
+"""Makes the sample workbooks and text files beside this file, and a seed for the
+practice gateway, from the tables in the modules beside it.
 
     samples/make_samples.py [FOLDER]
 
@@ -11,6 +11,7 @@ How a table is written stands in tables.py. A number without leading zeros becom
 number cell, dd-mm-yyyy a date cell, any other a text cell.
 """
 
+import csv
 import datetime
 import os
 import re
@@ -20,108 +21,30 @@ from xml.sax.saxutils import escape, quoteattr
 import xlwt
 
 sys.dont_write_bytecode = True  # the folder holds samples and nothing else
+import business_tables as business
 import gst_tables as gst
 import inventory_voucher_tables as inventory
 import item_tables as items
+import master_tables as masters
 import register_tables as registers
 import voucher_tables as vouchers
 from tables import rows_of
 
-LEDGERGROUPS = """
-Name                 | NameAlias        | Parent                   | SubLedger
-Hardware Sales       |                  | Sales Accounts           | No
-Counter Sales        |                  | Hardware Sales           | No
-Hardware Purchases   |                  | Purchase Accounts        | No
-Debtors - Mumbai     | Mumbai Parties   | Sundry Debtors           | Yes
-Debtors - Pune       | Pune Parties     | Sundry Debtors           | Yes
-नाशिक के ग्राहक          | Debtors - Nashik | Sundry Debtors           | Yes
-Debtors - Goa        |                  | Sundry Debitors          | Yes
-
-Creditors - Steel    |                  | Sundry Creditors         | Yes
-Creditors - Paint    |                  | Sundry Creditors         | Yes
-Staff Advances       |                  | Loans & Advances (Asset) | No
-Freight & Cartage    | Transport        | Direct Expenses          | No
-"""
-
-UNITS = """
-Name           | IsSimpleUnit | OriginalName | DecimalPlaces | BaseUnits | AdditionalUnits | Conversion
-Nos            | Yes          | Numbers      | 0             |           |                 |
-Pcs            | Yes          | Pieces       | 0             |           |                 |
-Box            | Yes          | Boxes        | 0             |           |                 |
-Doz            | Yes          | Dozens       | 0             |           |                 |
-Kgs            | Yes          | Kilograms    | 3             |           |                 |
-Qtl            | Yes          | Quintals     | 2             |           |                 |
-Mtr            | Yes          | Metres       | 2             |           |                 |
-Ltr            | Yes          | Litres       | 2             |           |                 |
-Doz of 12 Nos  | No           |              |               | Doz       | Nos             | 12
-Box of 50 Pcs  | No           |              |               | Box       | Pcs             | 50
-Qtl of 100 Kgs | No           |              |               | Qtl       | Kgs             | 100
-"""
-
-GODOWNS = """
-Name                | NameAlias | Parent             | HasNoStock
-Bhiwandi Warehouse  | BHW       | Primary            | No
-Rack A - Pipes      |           | Bhiwandi Warehouse | No
-Rack B - Fasteners  |           | Bhiwandi Warehouse | No
-Open Yard           |           | Bhiwandi Warehouse | No
-Andheri Shop        | Shop      | Primary            | No
-Goods with Painters |           | Primary            | No
-"""
-
-STOCKGROUPS = """
-Name           | NameAlias | Parent      | IsAddable
-Steel          |           | Primary     | Yes
-TMT Bars       | Rebars    | Steel       | Yes
-Angles & Beams |           | Steel       | Yes
-Pipes          |           | Primary     | Yes
-GI Pipes       |           | Pipes       | Yes
-PVC Pipes      |           | Pipes       | Yes
-Fasteners      | Nut Bolt  | Primary     | Yes
-Paints         |           | Primary     | No
-"""
-
-STOCKCATEGORIES = """
-Name       | NameAlias | Parent
-Trade      |           | Primary
-Economy    |           | Trade
-Premium    | ISI       | Trade
-Imported   |           | Primary
-Scrap      | Bhangar   | Primary
-"""
-
-COSTCATEGORIES = """
-Name     | NameAlias | AllocateRevenue | AllocateNonRevenue
-Branches |           | Yes             | Yes
-Salesmen | Field     | Yes             | No
-Vehicles |           | No              | Yes
-"""
-
-COSTCENTRES = """
-Name          | NameAlias | Parent        | Category | ForJobCosting
-Mumbai Branch | BOM       |               | Branches | No
-Andheri Desk  |           | Mumbai Branch | Branches | No
-Pune Branch   | PNQ       |               | Branches | No
-Asha Kulkarni | AK        |               | Salesmen | No
-Ravi D'Souza  | RD        |               | Salesmen | No
-MH-04 Tempo   |           |               | Vehicles | No
-Metro Site    |           |               |          | Yes
-"""
-
 # A workbook a line: its sheets in order, each called as the import type is.
 WORKBOOKS = {
     "masters.xls": {
-        "LEDGERGROUPS": LEDGERGROUPS,
-        "UNITS": UNITS,
-        "GODOWNS": GODOWNS,
-        "STOCKGROUPS": STOCKGROUPS,
-        "STOCKCATEGORIES": STOCKCATEGORIES,
-        "COSTCATEGORIES": COSTCATEGORIES,
-        "COSTCENTRES": COSTCENTRES,
+        "LEDGERGROUPS": masters.LEDGERGROUPS,
+        "UNITS": masters.UNITS,
+        "GODOWNS": masters.GODOWNS,
+        "STOCKGROUPS": masters.STOCKGROUPS,
+        "STOCKCATEGORIES": masters.STOCKCATEGORIES,
+        "COSTCATEGORIES": masters.COSTCATEGORIES,
+        "COSTCENTRES": masters.COSTCENTRES,
     },
     "transactions.xls": {
         "LEDGERS": vouchers.LEDGERS,
-        "COSTCATEGORIES": COSTCATEGORIES,
-        "COSTCENTRES": COSTCENTRES,
+        "COSTCATEGORIES": masters.COSTCATEGORIES,
+        "COSTCENTRES": masters.COSTCENTRES,
         "TRANSACTIONS": vouchers.TRANSACTIONS,
         "QUICKTRANSACTIONS": vouchers.QUICKTRANSACTIONS,
         "BANKSTMT": vouchers.BANKSTMT,
@@ -158,6 +81,7 @@ WORKBOOKS = {
         "VOUCHERREGISTER": registers.VOUCHERREGISTER,
         "VOUCHERREGISTERMap": registers.VOUCHERREGISTER_MAP,
     },
+    **business.WORKBOOKS,
 }
 
 HEADER = xlwt.easyxf("font: bold on")
@@ -169,18 +93,18 @@ DATE = xlwt.easyxf(num_format_str="dd-mm-yyyy")
 SEED_FILE = "seed-ledgers.xml"
 SEED = [
     ("LEDGER", vouchers.LEDGERS),
-    ("COSTCATEGORY", COSTCATEGORIES),
-    ("COSTCENTRE", COSTCENTRES),
+    ("COSTCATEGORY", masters.COSTCATEGORIES),
+    ("COSTCENTRE", masters.COSTCENTRES),
 ]
 
 
-def write_cell(sheet, row, column, text):
+def value_of(text):
+    """What the cell of a text holds: a date, a number or the text itself."""
     if re.fullmatch(r"\d\d-\d\d-\d{4}", text):
-        sheet.write(row, column, datetime.datetime.strptime(text, "%d-%m-%Y"), DATE)
-    elif re.fullmatch(r"-?(0|[1-9]\d*)(\.\d+)?", text):
-        sheet.write(row, column, float(text) if "." in text else int(text), ROW)
-    else:
-        sheet.write(row, column, text, ROW)
+        return datetime.datetime.strptime(text, "%d-%m-%Y")
+    if re.fullmatch(r"-?(0|[1-9]\d*)(\.\d+)?", text):
+        return float(text) if "." in text else int(text)
+    return text
 
 
 def write_sheet(sheet, table):
@@ -192,9 +116,22 @@ def write_sheet(sheet, table):
                 sheet.write(row, column, text, HEADER)
                 sheet.col(column).width = 256 * 22
             else:
-                write_cell(sheet, row, column, text)
+                value = value_of(text)
+                is_date = isinstance(value, datetime.datetime)
+                sheet.write(row, column, value, DATE if is_date else ROW)
     sheet.panes_frozen = True
     sheet.horz_split_pos = 1
+
+
+def write_csv(path, table):
+    """The table as a spreadsheet program saves its sheet: numbers without the zeros
+    that say nothing."""
+    with open(path, "w", encoding="utf-8", newline="") as file:
+        writer = csv.writer(file, lineterminator="\n")
+        for cells in rows_of(table):
+            values = [(text, value_of(text)) for text in cells]
+            writer.writerow([f"{value:.15g}" if isinstance(value, (int, float)) else text
+                             for text, value in values])
 
 
 def seed_masters(element, table):
@@ -221,11 +158,14 @@ def write_seed(path):
 
 def main():
     folder = sys.argv[1] if len(sys.argv) > 1 else os.path.dirname(os.path.abspath(__file__))
+    os.makedirs(os.path.join(folder, "business", "csv"), exist_ok=True)
     for file_name, sheets in WORKBOOKS.items():
         book = xlwt.Workbook(encoding="utf-8")
         for name, table in sheets.items():
             write_sheet(book.add_sheet(name), table)
         book.save(os.path.join(folder, file_name))
+    for name, table in business.TEXT.items():
+        write_csv(os.path.join(folder, "business", "csv", name + ".csv"), table)
     write_seed(os.path.join(folder, SEED_FILE))
 
 

@@ -173,10 +173,11 @@ void StagingStore::Execute(std::string_view sql, std::span<const std::string_vie
 }
 
 bool StagingStore::KeepsKeysApart(std::string_view table) {
-  const std::string index = std::string(table) + "_Key";
-  Statement row =
-      Query("Select 1 from pragma_index_list(?) where name=? collate nocase and \"unique\"=1",
-            {table, index});
+  // A store of an earlier release has an index of its own for the key.
+  Statement row = Query(
+      "Select 1 from pragma_index_list(?) where \"unique\"=1 and "
+      "(origin='pk' or name=? collate nocase)",
+      {table, std::string(table) + "_Key"});
   return row.Step();
 }
 

@@ -105,11 +105,10 @@ class PostingTest : public testing::Test, protected form::PostingFixture {
     return sent;
   }
 
-  /// The cells of a staging table, rows parted by "; ".
+  /// The cells of a staging table, rows parted by "; " and in the order of their keys.
   std::string Staged(const std::string& columns, const std::string& table, std::size_t count) {
     std::string all;
-    staging::Statement read =
-        store_.Query("Select " + columns + " from " + table + " order by rowid");
+    staging::Statement read = store_.Query("Select " + columns + " from " + table);
     while (read.Step()) {
       if (!all.empty()) all += "; ";
       for (std::size_t i = 0; i < count; ++i) {

@@ -87,7 +87,7 @@ VchNo=2|Ledger=B|Credit=1|ItemName=J|ItemDescription=Blue~)",
     {"VATAddressesShareATable", PostVATTransaction, kLedgerColumns, R"(
 ConsigneeAddress=A~~B~C|BuyerAddress=X~Y
 VchNo=2|ConsigneeAddress=Z)",
-     "FK_VchID, BBAID, BasicBuyerAddress_", "BasicBuyerAddress", "1,4,C; 1,2,X; 1,3,Y; 2,2,Z"},
+     "FK_VchID, BBAID, BasicBuyerAddress_", "BasicBuyerAddress", "1,2,X; 1,3,Y; 1,4,C; 2,2,Z"},
     {"VATDeliveryNotesNeedBothCells", PostVATTransaction, kLedgerColumns, R"(
 DelNoteNos=D1
 DelNoteNos=D2|DelNoteDates=d2

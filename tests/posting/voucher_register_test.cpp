@@ -209,7 +209,7 @@ TEST_F(RegisterPosting, EachRowIsAVoucherWithAStatusOfItsOwn) {
                          "Practice Traders/Sales-3-d-R: S 5.00 [bill B  5.00]"}));
   EXPECT_EQ(AllMarked(), (Texts{"0 black: CREATED ", "1 red bold: " + kRefusedDigest, "- black",
                                 "- black", "0 black: CREATED ", "- black", "- black"}));
-  EXPECT_EQ(Staged("VchID, GUID_", "Voucher", 2), "1,Sales-1-d-R; 2,Sales-1-d-R; 3,Sales-3-d-R");
+  EXPECT_EQ(Staged("VchID, GUID_", "Voucher", 2), "2,Sales-1-d-R; 1,Sales-1-d-R; 3,Sales-3-d-R");
   const Texts shown = face_.Texts(form::Panel::Msg);
   EXPECT_EQ(Texts(shown.end() - 3, shown.end()),
             (Texts{"Processed Document: 2.........", "Processed Document: 3.........",

@@ -111,7 +111,7 @@ TEST_F(PostCommand, ChecksCompanyAndTypeAfterThePurge) {
   };
   for (const bool silent : {false, true}) {
     for (const auto& row : rows) {
-      store_.Execute("Insert into Voucher (CompanyName) values ('left over')");
+      store_.Execute("Insert or replace into Voucher (CompanyName) values ('left over')");
       form_.SilentRun = silent;
       form_.mnuSaveRVisible = true;
       form_.cmbCurrentCompanyList.text = row.company;

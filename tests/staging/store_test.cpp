@@ -53,9 +53,10 @@ TEST_F(StoreTest, JournalOfADeletedStoreIsNotPlayedBack) {
 TEST_F(StoreTest, ProgramsThatStartTogetherShareOneStore) {
   std::vector<std::thread> programs;
   for (int i = 0; i < 8; ++i) {
-    programs.emplace_back([this] {
+    programs.emplace_back([this, id = std::to_string(i)] {
       StagingStore store(file_);
-      EXPECT_NO_THROW(store.Execute("Insert into Address (Address_) values ('x')"));
+      const std::string_view texts[] = {id};
+      EXPECT_NO_THROW(store.Execute("Insert into Address (AdID) values (?)", texts));
     });
   }
   for (std::thread& program : programs) program.join();
@@ -149,7 +150,7 @@ TEST_F(StoreTest, ReadOnlyAndFullStoresSaySo) {
 
 TEST_F(StoreTest, ReadersSeeEachCallAsItReturns) {
   StagingStore reader(file_);
-  store_->Execute("Insert into Address (Address_) values ('one')");
+  store_->Execute("Insert into Address (AdID) values ('one')");
   const auto count = [&] {
     Statement read = reader.Query("Select count(*) from Address");
     read.Step();
@@ -160,7 +161,7 @@ TEST_F(StoreTest, ReadersSeeEachCallAsItReturns) {
     ReadBracket bracket(reader);
     ReadBracket inner(reader);
     EXPECT_EQ(count(), "1");
-    store_->Execute("Insert into Address (Address_) values ('two')");
+    store_->Execute("Insert into Address (AdID) values ('two')");
     EXPECT_EQ(count(), "1") << "a bracket sees one state";
   }
   EXPECT_EQ(count(), "2");
@@ -199,7 +200,7 @@ TEST_F(StoreTest, AWriteBracketEndsInOneStepAndUndoesNothing) {
 }
 
 TEST_F(StoreTest, ReadsOfOneStatementStandInsideEachOther) {
-  store_->Execute("Insert into Address (Address_) values ('a'), ('b')");
+  store_->Execute("Insert into Address (AdID, Address_) values ('1', 'a'), ('2', 'b')");
   const char* sql = "Select Address_ from Address where Address_ >= ?";
   std::string seen;
   Statement outer = store_->Query(sql, {"a"});
@@ -215,14 +216,14 @@ TEST_F(StoreTest, TextsComeBackAsTheyWentIn) {
   const std::string odd[] = {"",  " O'Brien \"&\" ",      std::string("a\0b", 3), "हिन्दी",
                              "?", std::string(70000, 'n')};
   for (const std::string& text : odd) {
-    store_->Execute("Delete from Address");
+    store_->Execute("Delete from Voucher");
     const std::string_view texts[] = {text};
-    store_->Execute("Insert into Address (Address_) values (?)", texts);
-    Statement read = store_->Query("Select address_, AdID from ADDRESS");
+    store_->Execute("Insert into Voucher (Narration_) values (?)", texts);
+    Statement read = store_->Query("Select narration_, Reference_ from VOUCHER");
     ASSERT_TRUE(read.Step());
-    EXPECT_EQ(read.Text("ADDRESS_"), text);
-    EXPECT_EQ(read.Text("adid"), std::nullopt);
-    EXPECT_EQ(read.TextOrEmpty("adid"), "");
+    EXPECT_EQ(read.Text("NARRATION_"), text);
+    EXPECT_EQ(read.Text("reference_"), std::nullopt);
+    EXPECT_EQ(read.TextOrEmpty("reference_"), "");
   }
 }
 
@@ -234,8 +235,9 @@ TEST_F(StoreTest, EmptyViewThatPointsNowhereIsNotNull) {
 
 TEST_F(StoreTest, ValOrdersIdsByNumber) {
   store_->Execute(
-      "Insert into Address (AdID) values ('10'), ('9'), ('11'), ('x'), (null), (' 2.5 Nos')");
-  EXPECT_EQ(Rows("Select AdID from Address Order By val(AdID)"),
+      "Insert into Address (AdID, Address_) values ('1', '10'), ('2', '9'), ('3', '11'), "
+      "('4', 'x'), ('5', null), ('6', ' 2.5 Nos')");
+  EXPECT_EQ(Rows("Select Address_ from Address Order By val(Address_)"),
             (std::vector<std::string>{"<null>", "x", " 2.5 Nos", "9", "10", "11"}));
 }
 

@@ -154,7 +154,7 @@ TEST_F(WritersTest, OneDescriptionForEachStockLineWhateverItsNumber) {
   writers_.AddBasicUserDescription("Co", "other line", "1", "2", "1");
   writers_.AddBasicUserDescription("Co", "Red#Large", "1", "1", "2");
   EXPECT_EQ(Rows("Select FK_InEID, BUDID, BasicDescription_ from BASICUSERDESCRIPTION", 3),
-            (std::vector<std::string>{"2|1|other line", "1|2|Red#Large"}));
+            (std::vector<std::string>{"1|2|Red#Large", "2|1|other line"}));
 }
 
 TEST_F(WritersTest, FailureOfADescriptionRisesToTheLoop) {
