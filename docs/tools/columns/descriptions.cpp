@@ -50,15 +50,14 @@ Descriptions::Descriptions(const std::string& path) {
 
 void Descriptions::AddRow(const std::string& line, const std::string& place) {
   const std::vector<std::string> cells = CutAt('|', line);
-  if (cells.size() != 6) {
-    Fail(place + ": 6 cells are expected, " + std::to_string(cells.size()) + " are there.");
+  if (cells.size() != 5) {
+    Fail(place + ": 5 cells are expected, " + std::to_string(cells.size()) + " are there.");
   }
   if (sections_.empty()) Fail(place + ": a [heading] is expected above the first row.");
-  Description row{cells[0], cells[1], cells[2],         cells[3],
-                  cells[4], cells[5], sections_.back(), place};
+  Description row{cells[0], cells[1], cells[2], cells[3], cells[4], sections_.back(), place};
   const Description* common = Find(row.name, "");
   for (std::string Description::*cell :
-       {&Description::form, &Description::tally, &Description::empty, &Description::example}) {
+       {&Description::form, &Description::tally, &Description::empty}) {
     if (row.*cell == "\"") {
       if (!common) Fail(place + ": there is no row for all types above that could be repeated.");
       row.*cell = common->*cell;

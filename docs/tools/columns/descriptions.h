@@ -14,7 +14,6 @@ struct Description {
   std::string form;     ///< what stands in its cells; these three are empty for "-"
   std::string tally;    ///< where it goes
   std::string empty;    ///< what an empty cell means
-  std::string example;  ///< of one cell
   std::string section;  ///< the heading that it stands under
   std::string place;    ///< file and line
   bool isUsed = false;
@@ -24,7 +23,7 @@ struct Description {
 ///
 ///   # a remark
 ///   [Heading of the columns below]
-///   Column | types | form | in Tally | an empty cell means | example
+///   Column | types | form | in Tally | an empty cell means
 ///
 /// A cell that is `"` repeats that of the row for all types; that row stands
 /// above.

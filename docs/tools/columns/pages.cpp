@@ -1,17 +1,15 @@
 #include "docs/tools/columns/pages.h"
 
 #include <algorithm>
-#include <charconv>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
+#include <optional>
 
 #include "docs/tools/columns/type_columns.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
 #include "sources/import_types.h"
-#include "sources/source_connections.h"
 
 namespace vorlane::guide {
 
@@ -68,44 +66,9 @@ void ForEachOrder(const std::string& text, Take take) {
   }
 }
 
-std::size_t NumberIn(std::string_view text) {
-  std::size_t number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
-
 std::string FormOf(const ColumnFacts& column, const Description& row) {
   const std::string form = Joined(column.reading, ", ", row.form);
   return form.empty() ? "text" : form;
-}
-
-/// The numbers of "1-3,7".
-std::vector<std::size_t> RowsIn(const std::string& ranges) {
-  std::vector<std::size_t> rows;
-  std::istringstream parts(ranges);
-  for (std::string part; std::getline(parts, part, ',');) {
-    const std::size_t dash = part.find('-');
-    const std::size_t last =
-        NumberIn(dash == std::string::npos ? part : std::string_view(part).substr(dash + 1));
-    for (std::size_t row = NumberIn(part); row <= last; ++row) rows.push_back(row);
-  }
-  return rows;
-}
-
-/// The fields that ": A, B" names, else all.
-std::vector<std::size_t> FieldsIn(const std::string& wanted, const platform::Recordset& records) {
-  std::vector<std::size_t> fields;
-  if (wanted.empty()) {
-    for (std::size_t field = 0; field < records.Fields().size(); ++field) fields.push_back(field);
-    return fields;
-  }
-  std::istringstream names(wanted.substr(wanted.find(':') + 1));
-  for (std::string name; std::getline(names, name, ',');) {
-    const auto field = records.FindField(platform::Trim(name));
-    if (!field) Fail("The sheet has no column \"" + name + "\".");
-    fields.push_back(*field);
-  }
-  return fields;
 }
 
 std::string LinkTo(const std::string& target, const std::string& fromPage) {
@@ -114,7 +77,7 @@ std::string LinkTo(const std::string& target, const std::string& fromPage) {
 
 }  // namespace
 
-Pages::Pages(const std::string& root) : root_(root) {
+Pages::Pages(const std::string& root) : root_(root), samples_(root + "/samples") {
   for (const auto& entry : fs::recursive_directory_iterator(fs::path(root) / "docs/guide")) {
     if (entry.path().extension() != ".md") continue;
     texts_[entry.path().string()] = ReadFile(entry.path());
@@ -175,7 +138,10 @@ std::string Pages::Filled(const std::string& path, const std::string& text) {
 std::string Pages::BlockOf(const std::string& path, const std::string& order) {
   if (order == kTypes) return TypeTable(path);
   if (order.starts_with(kColumns)) return ColumnTables(order.substr(kColumns.size()));
-  return Example(order.substr(kExample.size()));
+  const auto rows = samples_.Rows(order.substr(kExample.size()));
+  std::string table = Headings(rows.front());
+  for (std::size_t row = 1; row < rows.size(); ++row) table += TableRow(rows[row]);
+  return table;
 }
 
 Descriptions& Pages::DescriptionsOf(const std::string& kind) {
@@ -197,9 +163,13 @@ std::string Pages::ColumnTables(const std::string& type) {
       continue;
     }
     row->isUsed = true;
+    const std::optional<std::string> example = samples_.CellOf(type, column.key);
+    if (!example) {
+      complaints_.push_back("samples/business has no column " + column.key + " for " + type + ".");
+    }
     rows[row->section] +=
         TableRow({"`" + row->name + "`", column.need, FormOf(column, *row),
-                  Joined(column.tally, "; ", row->tally), row->empty, row->example});
+                  Joined(column.tally, "; ", row->tally), row->empty, example.value_or("")});
   }
   std::string tables;
   for (const std::string& section : descriptions.Sections()) {
@@ -209,36 +179,6 @@ std::string Pages::ColumnTables(const std::string& type) {
               rows[section];
   }
   return tables;
-}
-
-std::string Pages::Example(const std::string& order) const {
-  std::istringstream words(order);
-  std::string file, sheet, range, wanted;
-  words >> file >> sheet >> range;
-  std::getline(words, wanted);
-  const auto connection = sources::OpenFileForRows(root_ + "/samples/" + file);
-  const platform::Recordset records = connection->Open({sheet + "$", ""});
-  const std::vector<std::size_t> numbers = RowsIn(range);
-  if (numbers.empty() || *std::ranges::min_element(numbers) == 0 ||
-      *std::ranges::max_element(numbers) > records.RecordCount()) {
-    Fail("The example \"" + order + "\" names rows that the sheet does not have; it has " +
-         std::to_string(records.RecordCount()) + ".");
-  }
-  std::vector<std::string> names;
-  std::vector<std::vector<std::string>> rows(numbers.size());
-  for (const std::size_t field : FieldsIn(wanted, records)) {
-    const auto cell = [&](std::size_t number) { return records.Rows()->Cell(number - 1, field); };
-    if (std::ranges::all_of(numbers, [&](std::size_t number) { return cell(number).empty(); })) {
-      continue;
-    }
-    names.push_back(records.Fields()[field].name);
-    for (std::size_t row = 0; row < numbers.size(); ++row) {
-      rows[row].emplace_back(cell(numbers[row]));
-    }
-  }
-  std::string table = Headings(names);
-  for (const auto& row : rows) table += TableRow(row);
-  return table;
 }
 
 std::string Pages::TypeTable(const std::string& path) const {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "docs/tools/columns/descriptions.h"
+#include "docs/tools/columns/samples.h"
 
 namespace vorlane::guide {
 
@@ -37,12 +38,12 @@ class Pages {
   std::string Filled(const std::string& path, const std::string& text);
   std::string BlockOf(const std::string& path, const std::string& order);
   std::string ColumnTables(const std::string& type);
-  std::string Example(const std::string& order) const;
   std::string TypeTable(const std::string& path) const;
   Descriptions& DescriptionsOf(const std::string& kind);
   void FindPagesOfTypes();
 
   std::string root_;
+  Samples samples_;
   std::map<std::string, std::string> texts_;       // by path
   std::map<std::string, std::string> pageOfType_;  // by type
   std::map<std::string, Descriptions> described_;  // by kind
