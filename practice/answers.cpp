@@ -2,14 +2,27 @@
 
 #include <utility>
 
+#include "platform/runtime/date.h"
+
 namespace vorlane::practice {
 namespace {
 
-// The books' year; the product shows its period in these two forms.
+// The books' year, when no period says otherwise.
 constexpr std::string_view kBooksFrom = "20250401";
-constexpr std::string_view kFromDate = "1-Apr-2025";
-constexpr std::string_view kToDate = "31-Mar-2026";
-constexpr std::string_view kCurrentDate = "1-Apr-2025";
+constexpr std::string_view kBooksTo = "20260331";
+
+Period BooksPeriod(const Books& books) {
+  return books.CurrentRules().period.value_or(
+      Period{std::string(kBooksFrom), std::string(kBooksTo)});
+}
+
+// 1-Apr-2025, as the session shows the eight digits of a day.
+std::string ShownDay(std::string_view digits) {
+  const auto month = static_cast<std::size_t>((digits[4] - '0') * 10 + digits[5] - '0');
+  std::string day(digits.substr(digits[6] == '0' ? 7 : 6));
+  day.append(1, '-').append(platform::kMonthNames[month - 1].substr(0, 3));
+  return day.append(1, '-').append(digits.substr(0, 4));
+}
 
 // Writes elements line by line; an element without content stays on its line.
 class AnswerText {
@@ -153,19 +166,20 @@ std::string CompanyCollectionAnswer(const Books& books) {
   text.Close().Close().Open("DATA").Open("COLLECTION");
   for (const CompanyBooks& company : books.Companies()) {
     text.Open("COMPANY", NameAttributes(company.Name()));
-    text.Leaf("STARTINGFROM", kBooksFrom, "TYPE=\"Date\"");
+    text.Leaf("STARTINGFROM", BooksPeriod(books).from, "TYPE=\"Date\"");
     text.Leaf("NAME", company.Name(), "TYPE=\"String\"");
     text.Close();
   }
   return text.Finish();
 }
 
-std::string SessionReportAnswer(const CompanyBooks* current) {
-  const std::pair<std::string_view, std::string_view> values[] = {
-      {"Current Company", current == nullptr ? std::string_view() : current->Name()},
-      {"From Date", kFromDate},
-      {"To Date", kToDate},
-      {"Current Date", kCurrentDate},
+std::string SessionReportAnswer(const Books& books) {
+  const Period period = BooksPeriod(books);
+  const std::pair<std::string_view, std::string> values[] = {
+      {"Current Company", books.Companies().empty() ? "" : books.Companies().front().Name()},
+      {"From Date", ShownDay(period.from)},
+      {"To Date", ShownDay(period.to)},
+      {"Current Date", ShownDay(period.from)},
   };
   AnswerText text;
   text.Open("ENVELOPE");

@@ -31,7 +31,7 @@ std::string CompanyReportAnswer(const Books& books);
 std::string CompanyCollectionAnswer(const Books& books);
 
 /// The report of session values; the company is empty when none is loaded.
-std::string SessionReportAnswer(const CompanyBooks* current);
+std::string SessionReportAnswer(const Books& books);
 
 std::string ObjectAnswer(const MasterKind& kind, const Master& master);
 /// The bare error that stands for a master which is not there; `noun` is the

@@ -10,8 +10,10 @@
 
 #include "platform/runtime/failure.h"
 #include "practice/answers.h"
+#include "practice/books_file.h"
 #include "practice/names.h"
 #include "practice/requests.h"
+#include "practice/utf8.h"
 
 namespace vorlane::practice {
 namespace {
@@ -22,7 +24,8 @@ std::string UnknownReport(const std::string& name) {
   return RefusalAnswer("Could not find Report '" + name + "'!");
 }
 
-std::string AnswerImport(const ParsedRequest& request, Books& books) {
+// Writes what it takes into the file, when there is one.
+std::string AnswerImport(const ParsedRequest& request, Books& books, BooksFile* file) {
   const bool old = request.kind == RequestKind::OldImport;
   if (!SameName(request.id, "All Masters") && !SameName(request.id, "Vouchers"))
     return UnknownReport(request.id);
@@ -33,7 +36,9 @@ std::string AnswerImport(const ParsedRequest& request, Books& books) {
                              : "Could not set 'SVCurrentCompany' to '" + request.company + "'");
   ImportCounts counts;
   const auto data = request.document.SelectNodes(old ? "//REQUESTDATA" : "//DATA");
-  if (!data.empty()) counts = ImportMessages(*data.front(), *company);
+  if (!data.empty()) counts = ImportMessages(*data.front(), *company, books.CurrentRules());
+  const Changes changes = company->TakeChanges();
+  if (file != nullptr) file->Save(*company, changes);
   return old ? OldImportAnswer(counts) : NewImportAnswer(counts);
 }
 
@@ -59,24 +64,29 @@ std::string AnswerObject(const ParsedRequest& request, Books& books) {
 
 std::string AnswerQuery(const ParsedRequest& request, Books& books) {
   switch (request.kind) {
-    case RequestKind::OldImport:
-    case RequestKind::NewImport:
-      return AnswerImport(request, books);
     case RequestKind::OldReport:
       if (SameName(request.id, "List of Companies")) return CompanyReportAnswer(books);
       return UnknownReport(request.id);
     case RequestKind::Report:
-      if (SameName(request.id, "DynamicCollReport")) return SessionReportAnswer(books.Current());
+      if (SameName(request.id, "DynamicCollReport")) return SessionReportAnswer(books);
       return UnknownReport(request.id);
     case RequestKind::Collection:
       if (IsCompanyCollection(request)) return CompanyCollectionAnswer(books);
       return RefusalAnswer("Could not find Collection '" + request.id + "'!");
     case RequestKind::Object:
       return AnswerObject(request, books);
-    case RequestKind::Unknown:
-      break;
+    default:
+      return UnknownRequestAnswer();
   }
-  return UnknownRequestAnswer();
+}
+
+std::vector<std::string> RefusedLines(const std::string& answer) {
+  platform::XmlDocument document;
+  document.LoadXml(answer);
+  std::vector<std::string> lines;
+  for (const platform::XmlNode* line : document.SelectNodes("//LINEERROR"))
+    lines.push_back(line->Text());
+  return lines;
 }
 
 std::optional<ScriptedTurn> TakeTurn(std::deque<ScriptedTurn>& turns) {
@@ -104,9 +114,54 @@ void WriteFile(const std::filesystem::path& path, const std::string& text) {
 
 PracticeGateway::PracticeGateway(const std::vector<std::string>& companies) : books_(companies) {}
 
+PracticeGateway::~PracticeGateway() = default;
+
+void PracticeGateway::KeepBooks(const std::filesystem::path& file) {
+  const std::lock_guard lock(mutex_);
+  file_ = std::make_unique<BooksFile>(file);
+  LoadBooks();
+  for (const CompanyBooks& company : books_.Companies())
+    if (!file_->Has(company.Name())) file_->Add(company);
+}
+
+void PracticeGateway::LoadBooks() {
+  for (CompanyBooks& company : file_->Load()) books_.Load(std::move(company));
+  areBooksUntrue_ = false;
+}
+
+void PracticeGateway::OpenCompany(const std::string& name) {
+  const std::lock_guard lock(mutex_);
+  if (books_.Find(name) != nullptr) return;
+  CompanyBooks company(name);
+  if (file_) file_->Add(company);
+  books_.Load(std::move(company));
+}
+
+bool PracticeGateway::HasCompanies() const {
+  const std::lock_guard lock(mutex_);
+  return !books_.Companies().empty();
+}
+
+void PracticeGateway::SetRules(Rules rules) {
+  const std::lock_guard lock(mutex_);
+  for (const std::string& type : rules.uniqueNumbers) {
+    const auto has = [&](const CompanyBooks& company) {
+      return company.Find(Kind::VoucherType, type) != nullptr;
+    };
+    if (std::none_of(books_.Companies().begin(), books_.Companies().end(), has))
+      throw Failure(
+          platform::failure_number::kItemNotFound, "practice gateway",
+          "A voucher type was expected, but no company has one of the name '" + type + "'.");
+  }
+  books_.SetRules(std::move(rules));
+}
+
 Answer PracticeGateway::Handle(const Request& request) {
   const std::lock_guard lock(mutex_);
-  if (IsPageRequest(request)) return PageAnswer(books_, shown_, request.target);
+  if (IsPageRequest(request)) {
+    if (areBooksUntrue_) LoadBooks();
+    return PageAnswer(books_, shown_, request.target);
+  }
   Answer answer = Respond(request);
   Show(request.body, answer.body);
   if (!folder_.empty()) Record(request.body, answer.body);
@@ -128,7 +183,22 @@ std::string PracticeGateway::RealBody(const Request& request) {
   if (request.method == "GET") return BannerAnswer();
   if (request.method != "POST") return UnknownRequestAnswer();
   if (TrimName(request.body).empty()) return BannerAnswer();
-  return AnswerQuery(ParseRequest(request.body), books_);
+  return KeptAnswer(ParseRequest(request.body));
+}
+
+// What the file cannot take is not in the books either: they are read again before
+// they answer the next request.
+std::string PracticeGateway::KeptAnswer(const ParsedRequest& request) {
+  try {
+    if (areBooksUntrue_) LoadBooks();
+    if (!IsImport(request.kind)) return AnswerQuery(request, books_);
+    areBooksUntrue_ = file_ != nullptr;
+    std::string answer = AnswerImport(request, books_, file_.get());
+    areBooksUntrue_ = false;
+    return answer;
+  } catch (const Failure& failure) {
+    return RefusalAnswer(failure.Description());
+  }
 }
 
 void PracticeGateway::Script(std::vector<ScriptedTurn> turns) {
@@ -176,7 +246,7 @@ std::vector<std::string> PracticeGateway::Seed(const std::filesystem::path& path
 std::vector<std::string> PracticeGateway::SeedFile(const std::filesystem::path& file,
                                                    bool mustImport) {
   std::ifstream stream(file, std::ios::binary);
-  const std::string body{std::istreambuf_iterator<char>(stream), {}};
+  const std::string body = Utf8Of({std::istreambuf_iterator<char>(stream), {}});
   const ParsedRequest request = ParseRequest(body);
   if (!IsImport(request.kind)) {
     if (!mustImport) return {};
@@ -184,11 +254,16 @@ std::vector<std::string> PracticeGateway::SeedFile(const std::filesystem::path& 
                   "An import document was expected in the file '" + file.string() + "', but it " +
                       (stream ? "holds none." : "cannot be read."));
   }
-  platform::XmlDocument answer;
-  answer.LoadXml(AnswerImport(request, books_));
-  std::vector<std::string> refused;
-  for (const platform::XmlNode* line : answer.SelectNodes("//LINEERROR"))
-    refused.push_back(file.filename().string() + ": " + line->Text());
+  std::vector<std::string> refused = RefusedLines(AnswerImport(request, books_, file_.get()));
+  // The product writes masters in any order, and reads them so: those whose parent
+  // came behind them are there at the next round. Vouchers would be taken twice.
+  const bool again = request.document.SelectNodes("//VOUCHER").empty();
+  for (std::size_t before = refused.size() + 1;
+       again && !refused.empty() && refused.size() < before;) {
+    before = refused.size();
+    refused = RefusedLines(AnswerImport(request, books_, file_.get()));
+  }
+  for (std::string& line : refused) line = file.filename().string() + ": " + line;
   return refused;
 }
 

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <filesystem>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -29,11 +30,29 @@ struct ScriptedTurn {
   Body body = Body::Scripted;
 };
 
-/// Plays the product's gateway on books that it keeps in memory. Safe to use from
-/// several threads.
+class BooksFile;
+struct ParsedRequest;
+
+/// Plays the product's gateway on books that it keeps in memory, and in a file when it
+/// is told to. Safe to use from several threads.
 class PracticeGateway {
  public:
   explicit PracticeGateway(const std::vector<std::string>& companies);
+  ~PracticeGateway();
+
+  /// Opens the companies of a file besides those that are open, or in their place when
+  /// the names are the same; the file gets the companies that it lacks. From now on it
+  /// gets what each import changes before the answer goes out; an import that it cannot
+  /// take is refused whole. Fails as BooksFile does.
+  void KeepBooks(const std::filesystem::path& file);
+
+  /// Opens a new company behind the others, unless one of that name is open.
+  void OpenCompany(const std::string& name);
+  bool HasCompanies() const;
+
+  /// What the books refuse from now on. Fails when no company has a voucher type that
+  /// the rules name.
+  void SetRules(Rules rules);
 
   /// A browser that asks for "/" gets the page; that is no exchange: it is neither
   /// kept nor recorded and takes no scripted turn.
@@ -57,7 +76,8 @@ class PracticeGateway {
   /// Fills the books before the first request: handles the body that a file
   /// holds, or those of a folder's "*.xml" in the order of their names, as imports
   /// that nobody sent: they are not recorded and take no scripted turn. In a
-  /// folder, what is no import is passed over, so that a folder of RecordTo does.
+  /// folder, what is no import is passed over, so that a folder of RecordTo does. A
+  /// file may be UTF-16, as the product exports, and a master stand before its parent.
   /// Gives the lines of what was refused. Fails for what cannot be read, and for a
   /// file that is no import.
   std::vector<std::string> Seed(const std::filesystem::path& path);
@@ -72,11 +92,15 @@ class PracticeGateway {
   std::vector<std::string> SeedFile(const std::filesystem::path& file, bool mustImport);
   Answer Respond(const Request& request);
   std::string RealBody(const Request& request);
+  std::string KeptAnswer(const ParsedRequest& request);
+  void LoadBooks();
   void Record(const std::string& request, const std::string& answer);
   void Show(const std::string& request, const std::string& answer);
 
   mutable std::mutex mutex_;
   Books books_;
+  std::unique_ptr<BooksFile> file_;  // null: the books are in memory alone
+  bool areBooksUntrue_ = false;      // something stands in them that is not in the file
   std::deque<ScriptedTurn> turns_;
   std::deque<ScriptedTurn> importTurns_;
   bool keepExchanges_ = true;

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <atomic>
 #include <cerrno>
-#include <charconv>
 #include <exception>
 #include <new>
 #include <optional>
@@ -19,6 +17,8 @@
 #include <sys/uio.h>
 #include <unistd.h>
 
+#include "practice/http_text.h"
+
 // Sockets rather than a packaged HTTP library: what the tests need most, the
 // body of a GET and answers that break off at a given byte, no library offers.
 // Every wait is a poll on the socket and on an event that Stop raises, so that
@@ -29,8 +29,6 @@ namespace {
 
 using std::chrono::milliseconds;
 
-constexpr std::size_t kMaxHead = 64 * 1024;
-constexpr std::size_t kMaxBody = 256 * 1024 * 1024;
 constexpr std::size_t kReadSize = 64 * 1024;
 // A client that connects and stays silent must not keep out the others for good.
 constexpr milliseconds kIdleLimit{30'000};
@@ -53,95 +51,6 @@ class Descriptor {
  private:
   int fd_;
 };
-
-bool EqualsIgnoringCase(std::string_view a, std::string_view b) {
-  const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; };
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [&](char x, char y) { return lower(x) == lower(y); });
-}
-
-std::string_view Trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-std::string_view ReasonPhrase(int status) {
-  static constexpr std::array<std::pair<int, std::string_view>, 10> kPhrases{{
-      {200, "OK"},
-      {301, "Moved Permanently"},
-      {302, "Found"},
-      {400, "Bad Request"},
-      {404, "Not Found"},
-      {411, "Length Required"},
-      {413, "Content Too Large"},
-      {431, "Request Header Fields Too Large"},
-      {500, "Internal Server Error"},
-      {503, "Service Unavailable"},
-  }};
-  for (const auto& [code, phrase] : kPhrases) {
-    if (code == status) return phrase;
-  }
-  return "Answer";
-}
-
-Answer Refusal(int status) {
-  return {status, "text/plain", std::string(ReasonPhrase(status)) + "\r\n"};
-}
-
-/// Takes the lines of request.head apart; false when they are not HTTP.
-bool ParseHead(Request& request) {
-  std::string_view rest(request.head);
-  const auto nextLine = [&rest] {
-    const auto end = rest.find("\r\n");
-    const std::string_view line = rest.substr(0, end);
-    rest.remove_prefix(end + 2);
-    return line;
-  };
-
-  const std::string_view first = nextLine();
-  const auto methodEnd = first.find(' ');
-  const auto targetEnd = first.rfind(' ');
-  if (methodEnd == std::string_view::npos || methodEnd == 0 || targetEnd <= methodEnd) return false;
-  if (!first.substr(targetEnd + 1).starts_with("HTTP/1.")) return false;
-  request.method = first.substr(0, methodEnd);
-  request.target = first.substr(methodEnd + 1, targetEnd - methodEnd - 1);
-
-  for (auto line = nextLine(); !line.empty(); line = nextLine()) {
-    const auto colon = line.find(':');
-    if (colon == std::string_view::npos || colon == 0) return false;
-    if (line.substr(0, colon).find_first_of(" \t") != std::string_view::npos) return false;
-    request.headers.emplace_back(line.substr(0, colon), Trimmed(line.substr(colon + 1)));
-  }
-  return true;
-}
-
-/// The length of the body that the head announces, or the status that refuses it.
-struct BodyLength {
-  std::size_t bytes = 0;
-  int refusal = 0;
-};
-
-BodyLength AnnouncedBody(const Request& request) {
-  if (!request.Header("Transfer-Encoding").empty()) return {0, 411};
-  const std::string_view text = request.Header("Content-Length");
-  if (text.empty()) return {};
-  std::size_t bytes = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), bytes);
-  if (error == std::errc::result_out_of_range) return {0, 413};
-  if (error != std::errc() || end != text.data() + text.size()) return {0, 400};
-  if (bytes > kMaxBody) return {0, 413};
-  return {bytes, 0};
-}
-
-std::string AnswerHead(const Answer& answer) {
-  std::string head = "HTTP/1.1 " + std::to_string(answer.status) + " ";
-  head += ReasonPhrase(answer.status);
-  if (!answer.contentType.empty()) head += "\r\nContent-Type: " + answer.contentType;
-  head += "\r\nContent-Length: " + std::to_string(answer.body.size());
-  head += "\r\nConnection: close\r\n\r\n";
-  return head;
-}
 
 Descriptor Listen(std::uint16_t port) {
   Descriptor listener(::socket(AF_INET, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0));
@@ -169,13 +78,6 @@ std::uint16_t BoundPort(const Descriptor& listener) {
 }
 
 }  // namespace
-
-std::string_view Request::Header(std::string_view name) const {
-  for (const auto& [key, value] : headers) {
-    if (EqualsIgnoringCase(key, name)) return value;
-  }
-  return {};
-}
 
 class HttpServer::Impl {
  public:

@@ -81,31 +81,33 @@ Result ImportMaster(const XmlNode& object, const MasterKind& kind, CompanyBooks&
 
   std::vector<std::string> missing = FindMissingReferences(object, kind, known == nullptr, company);
   if (!missing.empty()) return {Outcome::Created, std::move(missing)};
-  Master master = known == nullptr ? Master{name, {}, {}} : *known;
+  Master master = known == nullptr ? Master{name, {}, {}, false} : *known;
   if (action == "alter" && !ownName.empty()) master.name = ownName;
   if (names.size() > 1) master.alias = names[1];
   if (const auto parent = ChildText(object, "PARENT")) master.parent = *parent;
+  if (const auto prevents = ChildText(object, "PREVENTDUPLICATES"))
+    master.preventsDuplicates = SameName(*prevents, "Yes");
   const Outcome outcome = known == nullptr ? Outcome::Created : Outcome::Altered;
   company.Put(kind.kind, name, std::move(master));
   return {outcome, {}};
 }
 
-Result ImportVoucher(const XmlNode& voucher, CompanyBooks& company) {
+Result ImportVoucher(const XmlNode& voucher, CompanyBooks& company, const Rules& rules) {
   const std::string remoteId(TrimName(voucher.Attribute("REMOTEID").value_or("")));
   if (FoldName(voucher.Attribute("ACTION").value_or("")) == "delete") {
-    if (company.Vouchers().Remove(remoteId)) return {Outcome::Deleted, {}};
+    if (company.RemoveVoucher(remoteId)) return {Outcome::Deleted, {}};
     return Refused("Voucher '" + remoteId + "' does not exist!");
   }
-  CheckedVoucher checked = CheckVoucher(voucher, company);
+  CheckedVoucher checked = CheckVoucher(voucher, company, rules);
   if (!checked.faults.empty()) return {Outcome::Created, std::move(checked.faults)};
-  const auto [id, isNew] = company.Vouchers().Put(std::move(checked.voucher));
+  const auto [id, isNew] = company.PutVoucher(std::move(checked.voucher));
   return {isNew ? Outcome::Created : Outcome::Altered, {}, id};
 }
 
-Result ImportObject(const XmlNode& object, CompanyBooks& company) {
+Result ImportObject(const XmlNode& object, CompanyBooks& company, const Rules& rules) {
   if (const MasterKind* kind = FindKindByElement(object.NodeName()))
     return ImportMaster(object, *kind, company);
-  if (object.NodeName() == "VOUCHER") return ImportVoucher(object, company);
+  if (object.NodeName() == "VOUCHER") return ImportVoucher(object, company, rules);
   return Refused("The practice gateway keeps no objects of the kind '" + object.NodeName() + "'!");
 }
 
@@ -132,12 +134,12 @@ void Count(Result result, ImportCounts& counts) {
 
 }  // namespace
 
-ImportCounts ImportMessages(const XmlNode& data, CompanyBooks& company) {
+ImportCounts ImportMessages(const XmlNode& data, CompanyBooks& company, const Rules& rules) {
   ImportCounts counts;
   for (const XmlNode* message : data.Children()) {
     if (message->NodeName() != "TALLYMESSAGE") continue;
     for (const XmlNode* object : message->Children())
-      if (object->Type() == NodeType::Element) Count(ImportObject(*object, company), counts);
+      if (object->Type() == NodeType::Element) Count(ImportObject(*object, company, rules), counts);
   }
   return counts;
 }

@@ -25,6 +25,7 @@ struct ImportCounts {
 
 /// Imports every object of every TALLYMESSAGE below `data`, one after the other;
 /// a refused object counts as an error with its line and stops no other one.
-ImportCounts ImportMessages(const platform::XmlNode& data, CompanyBooks& company);
+ImportCounts ImportMessages(const platform::XmlNode& data, CompanyBooks& company,
+                            const Rules& rules);
 
 }  // namespace vorlane::practice

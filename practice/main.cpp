@@ -1,81 +1,70 @@
 #include <cerrno>
-#include <charconv>
 #include <csignal>
-#include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <exception>
-#include <optional>
 #include <string>
-#include <string_view>
+#include <variant>
 #include <vector>
 
+#include "practice/command_line.h"
 #include "practice/gateway.h"
 
 namespace {
 
-constexpr const char* kUsage =
-    "Usage: vorlane-practice [--port PORT] [--company NAME]... [--record FOLDER]\n"
-    "                        [--seed FILE|FOLDER]... [--stop-after SECONDS]\n";
+using vorlane::practice::PracticeGateway;
+using vorlane::practice::Settings;
 
-struct Settings {
-  std::uint16_t port = 9000;
-  std::vector<std::string> companies;
-  std::vector<std::string> seeds;
-  std::string recordFolder;
-  std::optional<std::uint32_t> stopAfter;
-};
-
-template <typename Number>
-bool ParseNumber(std::string_view text, Number& number) {
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  return error == std::errc() && end == text.data() + text.size();
+void Prepare(PracticeGateway& gateway, const Settings& settings) {
+  gateway.KeepExchanges(false);
+  if (!settings.booksFile.empty()) gateway.KeepBooks(settings.booksFile);
+  if (!gateway.HasCompanies()) gateway.OpenCompany("Practice Traders");
+  // What the books refuse of a seed is told; the rest of it is there.
+  for (const std::string& seed : settings.seeds)
+    for (const std::string& line : gateway.Seed(seed))
+      std::fprintf(stderr, "vorlane-practice: %s\n", line.c_str());
+  gateway.SetRules(settings.rules);
+  if (!settings.recordFolder.empty()) gateway.RecordTo(settings.recordFolder);
 }
 
-// Takes one option with its value; false when either is not understood.
-bool TakeOption(std::string_view option, std::string_view value, Settings& settings) {
-  if (option == "--port") return ParseNumber(value, settings.port);
-  if (option == "--stop-after") return ParseNumber(value, settings.stopAfter.emplace());
-  if (value.empty()) return false;
-  if (option == "--company") return settings.companies.emplace_back(value), true;
-  if (option == "--seed") return settings.seeds.emplace_back(value), true;
-  if (option == "--record") return settings.recordFolder = value, true;
-  return false;
+// Blocked before the server's thread starts, so that only the wait gets them.
+sigset_t BlockStopSignals() {
+  sigset_t signals;
+  sigemptyset(&signals);
+  sigaddset(&signals, SIGINT);
+  sigaddset(&signals, SIGTERM);
+  pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+  return signals;
+}
+
+void WaitForTheEnd(const sigset_t& signals, const Settings& settings) {
+  const timespec limit{static_cast<std::time_t>(settings.stopAfter.value_or(0)), 0};
+  while (sigtimedwait(&signals, nullptr, settings.stopAfter ? &limit : nullptr) == -1 &&
+         errno == EINTR) {
+  }
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
-  Settings settings;
-  for (int i = 1; i < argc; i += 2) {
-    if (i + 1 < argc && TakeOption(argv[i], argv[i + 1], settings)) continue;
-    std::fprintf(stderr, "vorlane-practice: '%s' is unknown or lacks a good value.\n%s", argv[i],
-                 kUsage);
+  const auto read = vorlane::practice::ReadArguments({argv + 1, argv + argc});
+  if (const auto* argument = std::get_if<std::string>(&read)) {
+    std::fprintf(stderr, "vorlane-practice: '%s' is unknown or lacks a good value.\n%s",
+                 argument->c_str(), vorlane::practice::kUsage);
     return 2;
   }
-  if (settings.companies.empty()) settings.companies.emplace_back("Practice Traders");
-
-  // Blocked before the server's thread starts, so that only the wait below gets them.
-  sigset_t stopSignals;
-  sigemptyset(&stopSignals);
-  sigaddset(&stopSignals, SIGINT);
-  sigaddset(&stopSignals, SIGTERM);
-  pthread_sigmask(SIG_BLOCK, &stopSignals, nullptr);
-
+  const Settings& settings = std::get<Settings>(read);
+  const sigset_t stopSignals = BlockStopSignals();
+  std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow is an error, not the end
   try {
-    vorlane::practice::PracticeServer server(settings.companies, settings.port);
-    server.Gateway().KeepExchanges(false);
-    // What the books refuse of a seed is told; the rest of it is there.
-    for (const std::string& seed : settings.seeds)
-      for (const std::string& line : server.Gateway().Seed(seed))
-        std::fprintf(stderr, "vorlane-practice: %s\n", line.c_str());
-    if (!settings.recordFolder.empty()) server.Gateway().RecordTo(settings.recordFolder);
+    PracticeGateway gateway(settings.companies);
+    Prepare(gateway, settings);
+    const vorlane::practice::HttpServer server(
+        [&](const vorlane::practice::Request& request) { return gateway.Handle(request); },
+        settings.port);
     std::printf("Listening on 127.0.0.1:%u\n", static_cast<unsigned>(server.Port()));
     std::fflush(stdout);
-    const timespec limit{static_cast<std::time_t>(settings.stopAfter.value_or(0)), 0};
-    while (sigtimedwait(&stopSignals, nullptr, settings.stopAfter ? &limit : nullptr) == -1 &&
-           errno == EINTR) {
-    }
+    WaitForTheEnd(stopSignals, settings);
   } catch (const std::exception& fault) {
     std::fprintf(stderr, "vorlane-practice: %s\n", fault.what());
     return 1;

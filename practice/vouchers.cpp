@@ -33,19 +33,20 @@ constexpr std::pair<std::string_view, Side> kSides[] = {
 // Walks the lists of a voucher and gathers what is wrong with them.
 class VoucherCheck {
  public:
-  explicit VoucherCheck(const CompanyBooks& company) : company_(company) {}
+  VoucherCheck(const CompanyBooks& company, const Rules& rules)
+      : company_(company), rules_(rules) {}
 
   void CheckHead(const XmlNode& voucher) {
     std::string type = ChildText(voucher, "VOUCHERTYPENAME").value_or("");
     if (type.empty()) type = voucher.Attribute("VCHTYPE").value_or("");
     type = WithoutReservedMark(std::move(type));
-    if (company_.Find(Kind::VoucherType, type) == nullptr)
-      Add(DoesNotExist(Kind::VoucherType, type));
+    const Master* master = company_.Find(Kind::VoucherType, type);
+    if (master == nullptr) Add(DoesNotExist(Kind::VoucherType, type));
     CheckDate(ChildText(voucher, "DATE").value_or(""));
     checked_.voucher.remoteId = TrimName(voucher.Attribute("REMOTEID").value_or(""));
-    checked_.voucher.type = std::move(type);
     checked_.voucher.number = TrimName(ChildText(voucher, "VOUCHERNUMBER").value_or(""));
     checked_.voucher.party = ChildText(voucher, "PARTYLEDGERNAME").value_or("");
+    if (master != nullptr) CheckNumber(*master);
   }
 
   void CheckReferences(const XmlNode& voucher) {
@@ -80,9 +81,11 @@ class VoucherCheck {
   }
 
   void CheckDate(const std::string& date);
+  void CheckNumber(const Master& type);
   void AddSide(const XmlNode& line, Side side);
 
   const CompanyBooks& company_;
+  const Rules& rules_;
   CheckedVoucher checked_;
   Amount debit_ = 0;  // negative, as debits are written
   Amount credit_ = 0;
@@ -131,11 +134,23 @@ namespace {
 void VoucherCheck::CheckDate(const std::string& date) {
   if (date.empty()) {
     Add("Voucher date is missing");
-  } else if (auto digits = ReadTallyDate(date)) {
-    checked_.voucher.date = *std::move(digits);
-  } else {
-    Add("The date " + date + " is Out of Range");
+    return;
   }
+  auto digits = ReadTallyDate(date);
+  const std::optional<Period>& period = rules_.period;
+  if (!digits || (period && (*digits < period->from || *digits > period->to)))
+    Add("The date " + date + " is Out of Range");
+  else
+    checked_.voucher.date = *std::move(digits);
+}
+
+void VoucherCheck::CheckNumber(const Master& type) {
+  checked_.voucher.type = type.name;
+  bool once = type.preventsDuplicates;
+  for (const std::string& name : rules_.uniqueNumbers)
+    once = once || SameName(name, type.name) || SameName(name, type.alias);
+  if (once && company_.Vouchers().HasNumberOf(checked_.voucher))
+    Add("Voucher Number '" + checked_.voucher.number + "' already exists!");
 }
 
 void VoucherCheck::AddSide(const XmlNode& line, Side side) {
@@ -153,8 +168,9 @@ void VoucherCheck::AddSide(const XmlNode& line, Side side) {
 
 }  // namespace
 
-CheckedVoucher CheckVoucher(const XmlNode& voucher, const CompanyBooks& company) {
-  VoucherCheck check(company);
+CheckedVoucher CheckVoucher(const XmlNode& voucher, const CompanyBooks& company,
+                            const Rules& rules) {
+  VoucherCheck check(company, rules);
   check.CheckHead(voucher);
   check.CheckReferences(voucher);
   check.AddSides(voucher);

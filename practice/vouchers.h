@@ -15,12 +15,14 @@ std::optional<std::string> ReadTallyDate(const std::string& date);
 
 struct CheckedVoucher {
   /// The lines that refuse the voucher, each once: masters that it names in vain, a
-  /// date that is missing or none, and, when that is all in order, unequal sides.
+  /// date that is missing, none or outside of the period, a number that may stand but
+  /// once, and, when that is all in order, unequal sides.
   /// Empty when it can be taken.
   std::vector<std::string> faults;
   Voucher voucher;  ///< for the books; of use without faults alone
 };
 
-CheckedVoucher CheckVoucher(const platform::XmlNode& voucher, const CompanyBooks& company);
+CheckedVoucher CheckVoucher(const platform::XmlNode& voucher, const CompanyBooks& company,
+                            const Rules& rules);
 
 }  // namespace vorlane::practice

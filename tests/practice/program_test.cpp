@@ -6,6 +6,7 @@
 
 #include "practice/gateway.h"
 #include "tests/practice/practice_fixture.h"
+#include "tests/practice/running_program.h"
 
 namespace vorlane::practice {
 namespace {
@@ -25,8 +26,10 @@ Ended RunProgram(const std::string& arguments) {
 }
 
 TEST(PracticeProgram, RefusesBadArguments) {
-  for (const char* arguments : {"--port", "--port x", "--port 70000", "--port -1", "--company ''",
-                                "--colour red", "x", "--stop-after 1.5"}) {
+  for (const char* arguments :
+       {"--port", "--port x", "--port 70000", "--port -1", "--company ''", "--colour red", "x",
+        "--stop-after 1.5", "--period 2024-04-01", "--period 2024-04-01..2025-02-29",
+        "--period 2025-04-01..2024-03-31", "--books ''", "--unique-numbers"}) {
     const Ended ended = RunProgram(arguments);
     EXPECT_EQ(ended.code, 2) << arguments;
     EXPECT_NE(ended.output.find("Usage: vorlane-practice"), std::string::npos) << arguments;
@@ -55,6 +58,23 @@ TEST(PracticeProgram, ListensUntilItsTimeIsOver) {
   EXPECT_NE(answer.find("<RPTPRMVAL>A &amp; B</RPTPRMVAL>"), answer.npos) << answer;
   EXPECT_EQ(WEXITSTATUS(::pclose(pipe)), 0);
   EXPECT_TRUE(answer.ends_with(ReadFile(record + "/0001-answer.xml")));
+}
+
+// What the seeds bring is not held against the rules.
+TEST(PracticeProgram, HoldsToItsRulesBehindTheSeeds) {
+  const TemporaryFolder folder;
+  const std::string sale =
+      "<VOUCHER VCHTYPE=\"Sales\"><DATE>20250331</DATE><VOUCHERNUMBER>7</VOUCHERNUMBER></VOUCHER>";
+  std::ofstream(folder / "seed.xml") << OldImport(sale);
+  RunningProgram tally("--period 2025-04-01..2026-03-31 --unique-numbers Sales --seed " +
+                       (folder / "seed.xml"));
+  EXPECT_EQ(Counts(tally.Import(sale)),
+            "0001 The date 20250331 is Out of Range Voucher Number &apos;7&apos; already exists!");
+  const Ended ended = RunProgram("--port 0 --unique-numbers Slaes");
+  EXPECT_EQ(ended.code, 1);
+  EXPECT_EQ(ended.output,
+            "vorlane-practice: A voucher type was expected, but no company has one of the name "
+            "'Slaes'.\n");
 }
 
 TEST(PracticeProgram, TakesSeeds) {

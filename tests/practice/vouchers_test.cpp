@@ -6,6 +6,7 @@
 #include "platform/runtime/failure.h"
 #include "practice/amounts.h"
 #include "practice/gateway.h"
+#include "practice/utf8.h"
 #include "tests/practice/practice_fixture.h"
 
 namespace vorlane::practice {
@@ -102,6 +103,48 @@ TEST_F(VoucherImportTest, TenThousandTakeNoLongerEach) {
   for (int i = 0; i < 10000; ++i) all += Tagged("V" + std::to_string(i));
   EXPECT_NE(Answer(all).find("<CREATED>10000</CREATED>"), std::string::npos);
   EXPECT_NE(Answer(all).find("<ALTERED>10000</ALTERED>"), std::string::npos);
+}
+
+TEST_F(VoucherImportTest, TakesNoDayOutsideOfThePeriod) {
+  gateway_.SetRules({Period{"20240401", "20250331"}, {}});
+  for (const char* date : {"20240401", "31-Mar-2025"})
+    EXPECT_EQ(Import(Voucher(kSides, date)), "1000") << date;
+  for (const char* date : {"31-03-2024", "1-Apr-2025"})
+    EXPECT_EQ(Import(Voucher(kSides, date)),
+              "0001 The date " + std::string(date) + " is Out of Range");
+  const std::string session =
+      gateway_.Handle(Post(Query("Data", "<ID>DynamicCollReport</ID>"))).body;
+  for (const char* day : {">1-Apr-2024<", ">31-Mar-2025<"})
+    EXPECT_NE(session.find(day), session.npos) << session;
+}
+
+TEST_F(VoucherImportTest, NumbersMayStandButOnceWhereToldSo) {
+  const auto numbered = [](const std::string& number, const std::string& remoteId,
+                           const std::string& type = "Sales") {
+    return Voucher("<VOUCHERNUMBER>" + number + "</VOUCHERNUMBER>" + kSides, "01-04-2024", type,
+                   "REMOTEID=\"" + remoteId + "\"");
+  };
+  const std::string refused = "0001 Voucher Number &apos;s/1&apos; already exists!";
+  EXPECT_EQ(Import(numbered("S/1", "A") + numbered("S/1", "B")), "2000") << "nobody forbids it yet";
+  EXPECT_EQ(Import("<VOUCHER REMOTEID=\"B\" ACTION=\"Delete\"/>"), "0010");
+  EXPECT_THROW(gateway_.SetRules({{}, {"Slaes"}}), platform::Failure);
+  gateway_.SetRules({{}, {"sales"}});
+  EXPECT_EQ(Import(numbered(" s/1", "B")), refused);
+  EXPECT_EQ(Import(numbered("S/1", "A")), "0100") << "the same voucher again";
+  EXPECT_EQ(Import(numbered("S/2", "B") + numbered("S/1", "C", "Receipt")), "2000");
+  EXPECT_EQ(Import(numbered("s/1", "B")), refused) << "an alteration takes the number of another";
+  EXPECT_EQ(Import(numbered("", "D") + numbered("", "E")), "2000");
+  EXPECT_EQ(Import(numbered("S/9", "A") + numbered("S/1", "B")), "0200") << "given up, then free";
+  gateway_.SetRules({});
+  EXPECT_EQ(Import(numbered("S/1", "F")), "1000");
+
+  const std::string retail = Creating(
+      "VOUCHERTYPE", "Retail", "<PARENT>Sales</PARENT><PREVENTDUPLICATES>Yes</PREVENTDUPLICATES>");
+  EXPECT_EQ(Import(retail + numbered("s/1", "R", "Retail")), "2000");
+  EXPECT_EQ(Import(numbered("s/1", "S", "retail")), refused);
+  EXPECT_EQ(Import(Creating("VOUCHERTYPE", "Retail") + numbered("s/1", "S", "Retail")),
+            "0101 Voucher Number &apos;s/1&apos; already exists!")
+      << "an alteration that does not name it leaves it";
 }
 
 struct VoucherCase {
@@ -294,6 +337,31 @@ TEST(PracticeAmounts, ReadAndWrittenAsTheyAre) {
     const auto amount = ParseAmount(text);
     EXPECT_EQ(amount ? AmountText(*amount) : "none", expected) << text;
   }
+}
+
+TEST_F(VoucherImportTest, ASeedIsWhatTheProductExports) {
+  const TemporaryFolder folder;
+  const std::string text =
+      OldImport(Creating("LEDGER", "Nina", "<PARENT>West</PARENT>") +
+                Creating("GROUP", "West", "<PARENT>Region</PARENT>") +
+                Creating("GROUP", "Region", "<PARENT>Sundry Debtors</PARENT>") +
+                Creating("LEDGER", "Lost", "<PARENT>Nowhere</PARENT>"));
+  std::string wide = "\xFF\xFE";
+  for (const char c : text) wide.append(1, c).append(1, '\0');
+  std::ofstream(folder / "Master.xml", std::ios::binary) << wide;
+  EXPECT_EQ(gateway_.Seed(folder / "Master.xml"),
+            (std::vector<std::string>{"Master.xml: Group 'Nowhere' does not exist!"}));
+  EXPECT_EQ(Import(Creating("LEDGER", "nina")), "0100");
+}
+
+TEST(PracticeUtf8, ReadsWhatHasAMark) {
+  EXPECT_EQ(Utf8Of(std::string("\xFE\xFF\x20\xB9\xD8\x3D\xDE\x00", 8)), "₹😀");
+  EXPECT_EQ(Utf8Of("\xFF\xFE\x3D\xD8"
+                   "A"),
+            "\uFFFD")
+      << "half a character, half a unit";
+  EXPECT_EQ(Utf8Of("\xEF\xBB\xBF<A/>"), "<A/>");
+  EXPECT_EQ(Utf8Of("\xE9<"), "\xE9<");
 }
 
 TEST_F(VoucherImportTest, ASeedFillsTheBooks) {
