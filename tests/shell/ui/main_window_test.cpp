@@ -380,8 +380,28 @@ TEST_F(MainWindowTest, AboutTellsWhatTheProgramIs) {
 TEST_F(MainWindowTest, PicturesOfTheGuide) {
   if (!std::getenv("VORLANE_PICTURES")) GTEST_SKIP() << "nobody asked for pictures";
   window_->resize(980, 520);
-  ASSERT_TRUE(StartWith("samples/masters.xls", "LEDGERGROUPS"));
-  PostWithYes();
+  WillDo([&](QWidget& dialog) {
+    Picture("first-options");
+    dialog.findChild<QLineEdit*>("txtPort")->setText(QString::number(server_.Port()));
+    QTest::mouseClick(dialog.findChild<QPushButton*>("OKButton"), Qt::LeftButton);
+  });
+  ASSERT_TRUE(Start(""));
+  Click("cmdRefresh");
+  auto& path = The<QLineEdit>("txtFilePath");
+  path.setFocus();
+  QTest::keyClicks(&path, "samples/masters.xls");
+  QTest::keyClick(&path, Qt::Key_Return);
+  QApplication::processEvents();
+  Pick("cmbTableName", "LEDGER GROUPS");
+  The<QPushButton>("cmdPost").setFocus();
+  Picture("first-rows");
+  WillDo([&](QWidget& dialog) {
+    Picture("first-question");
+    QTest::mouseClick(qobject_cast<QMessageBox*>(&dialog)->button(QMessageBox::Yes),
+                      Qt::LeftButton);
+  });
+  WillPress(QMessageBox::Ok);
+  Click("cmdPost");
   GridView& grid = *window_->Controls().GR1;
   grid.NextFailed();
   Picture("desktop");
