@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QWindow>
 #include <algorithm>
 
 #include "shell/run_summary.h"
@@ -82,7 +83,10 @@ void MainWindow::Attach(ImportForm& importForm) {
 bool MainWindow::LoadForm(ImportForm& importForm, const RunOrder& order) {
   Attach(importForm);
   bool staysOpen = false;
+  isStarting_ = true;
   Do([&] { staysOpen = shell::LoadForm(importForm, order); });
+  isStarting_ = false;
+  splash_.reset();
   if (!staysOpen || isClosed_) return false;
   for (QFrame* frame : controls_.frSource) {
     if (frame->isVisibleTo(this)) frame->findChild<QLineEdit*>()->setFocus();
@@ -238,7 +242,8 @@ bool MainWindow::IsDue(Clock::time_point& last) {
 // The face -----------------------------------------------------------------------
 
 void MainWindow::PrepareDialog() {
-  if (splash_) splash_->hide();
+  splash_.reset();  // a dialog must not come up behind it
+  isStarting_ = false;
   ShowForm();
 }
 
@@ -259,6 +264,7 @@ void MainWindow::PanelChanged(form::Panel, std::string_view) {
   // of them may stand for as long as Tally takes, so it is painted at once.
   if (controls_.progress->IsAtWork()) return;
   ShowPanels();
+  if (!windowHandle() || !windowHandle()->isExposed()) return;  // not on the screen yet
   QCoreApplication::sendPostedEvents(controls_.SB, QEvent::LayoutRequest);
   controls_.SB->repaint();
 }
@@ -306,11 +312,20 @@ void MainWindow::FocusOn(form::Control control) {
 }
 
 void MainWindow::LetEventsRun() {
+  if (isClosed_) throw ClosedByUser{};  // while an answer was awaited
   EnableForm(false);
   if (!IsDue(lastEvents_)) return;
   Draw();
   QCoreApplication::processEvents();
   if (isClosed_) throw ClosedByUser{};
+}
+
+void MainWindow::StayPainted() noexcept {
+  if (isStarting_ && !splash_) {
+    splash_ = std::make_unique<SplashWindow>();
+    splash_->show();
+  }
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void MainWindow::Close() {

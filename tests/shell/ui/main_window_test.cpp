@@ -193,6 +193,24 @@ TEST_F(MainWindowTest, ColoursCanBeReadOnADarkScreen) {
   EXPECT_FALSE(Cell(4, 1, Qt::ForegroundRole).isValid());
 }
 
+TEST_F(MainWindowTest, AStartThatWaitsForTallyIsSeenToWait) {
+  server_.Gateway().Script({{.answer = {.delay = std::chrono::milliseconds(300)},
+                             .body = practice::ScriptedTurn::Body::Real}});
+  const auto splash = [] {
+    const QWidgetList all = QApplication::topLevelWidgets();
+    return std::any_of(all.begin(), all.end(), [](const QWidget* widget) {
+      return widget->objectName() == "frmSplash" && widget->isVisible();
+    });
+  };
+  bool wasSeen = false;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [&] { wasSeen |= splash(); });
+  watch.start(10);
+  ASSERT_TRUE(StartAtTally());
+  EXPECT_TRUE(wasSeen);
+  EXPECT_FALSE(splash());
+}
+
 TEST_F(MainWindowTest, TheWindowLivesBetweenRowsAndClosingEndsTheRun) {
   std::string rows = "Name,Parent,SubLedger\n";
   for (int i = 0; i < 3000; ++i) rows += "G" + std::to_string(i) + ",Sundry Debtors,No\n";
