@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QScrollBar>
 #include <QTimer>
+#include <QWindow>
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -29,7 +30,6 @@
 #include "shell/console/console_face.h"
 #include "shell/options.h"
 #include "shell/post.h"
-#include "shell/ui/about_dialog.h"
 #include "shell/ui/grid_view.h"
 #include "shell/ui/main_window.h"
 #include "sources/record_loading.h"
@@ -85,20 +85,16 @@ int StartUntilReady(long long begun) {
   char name[] = "vorlane";
   char* arguments[] = {name, nullptr};
   QApplication desktop(argumentCount, arguments);
-  shell::ui::SplashWindow splash;
-  splash.show();
   shell::ui::MainWindow window;
-  window.SetSplash(&splash);
   shell::Application application(window);
   window.show();
-  QApplication::processEvents();
   if (!window.LoadForm(application.Form(), shell::RunOrder(""))) return EXIT_FAILURE;
-  splash.close();
-  QTimer::singleShot(0, &desktop, [begun] {
-    std::printf("%.6f\n", static_cast<double>(std::stoll(Now()) - begun) / 1e9);
-    QApplication::quit();
-  });
-  return QApplication::exec();
+  while (!window.windowHandle()->isExposed()) {
+    QApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  }
+  QApplication::processEvents();
+  std::printf("%.6f\n", static_cast<double>(std::stoll(Now()) - begun) / 1e9);
+  return EXIT_SUCCESS;
 }
 
 bool CompareStart() {

@@ -59,6 +59,9 @@ class Face {
   /// whose user ends the program here throws what is no std::exception, through
   /// the loop; Progress may do so, too.
   virtual void LetEventsRun() = 0;
+  /// An answer of Tally is awaited and takes its time: a window keeps itself painted,
+  /// without taking what the user does. Throws nothing.
+  virtual void StayPainted() noexcept {}
   /// The form unloads; the process ends when its events have run out.
   virtual void Close() = 0;
 };

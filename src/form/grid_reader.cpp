@@ -1,5 +1,6 @@
 #include "form/grid_reader.h"
 
+#include "form/declared_column.h"
 #include "platform/runtime/text.h"
 
 namespace vorlane::form {
@@ -30,13 +31,13 @@ std::string GridReader::Optional(std::string_view key) {
 }
 
 CompanyRule::CompanyRule(ImportForm& importForm)
-    : form_(importForm), hasColumn_(importForm.HasOptionalColumn("COMPANYNAME")) {}
+    : form_(importForm), hasColumn_(importForm.HasOptionalColumn(kCompanyColumn.key)) {}
 
 void CompanyRule::Apply(GridReader& reader) {
   form_.CurrentCompany = form_.cmbCurrentCompanyList.text;
   if (!hasColumn_) return;
   // Tested trimmed, used as it stands.
-  std::string ofRow = reader.Required("COMPANYNAME");
+  std::string ofRow = reader.Required(kCompanyColumn.key);
   if (!platform::Trim(ofRow).empty()) form_.CurrentCompany = std::move(ofRow);
 }
 

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "formats/conditional.h"
+#include "formats/markers.h"
 #include "formats/template_expansion.h"
 #include "platform/runtime/failure.h"
 #include "platform/runtime/text.h"
@@ -23,8 +24,7 @@ constexpr std::string_view kTypes[] = {"GROUP",      "LEDGER",        "UNIT",   
                                        "STOCKGROUP", "STOCKCATEGORY", "STOCKITEM", "COSTCATEGORY",
                                        "COSTCENTRE", "VOUCHER"};
 
-enum TagCell : std::size_t { kGroup, kSet, kOrder, kType, kTag, kFixed, kField, kFormat };
-enum GroupCell : std::size_t { kParent, kChild, kChildSet, kCondition };
+using namespace staging::format_cell;
 
 std::string Text(const FormatCells& cells, std::size_t at) { return cells[at].value_or(""); }
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
@@ -36,17 +36,6 @@ bool IsXmlName(const std::string& name) {
   } catch (const platform::Failure&) {
     return false;
   }
-}
-
-/// The markers of a text, braces included.
-std::vector<std::string> MarkersIn(std::string_view text) {
-  std::vector<std::string> markers;
-  for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
-    const std::size_t end = text.find('}', at);
-    if (end == std::string_view::npos) break;
-    markers.emplace_back(text.substr(at, end - at + 1));
-  }
-  return markers;
 }
 
 /// Which markers a place knows.

@@ -24,6 +24,8 @@ using platform::XmlNode;
 namespace {
 
 constexpr std::string_view kVoucherGroup = "VOUCHER";
+constexpr std::string_view kKeyColumns[] = {"VCHTYPE", "VCHNO", "VCHDATE"};
+constexpr std::string_view kIdKey = "ID";
 /// Stands for no voucher in hand; a key that no row should have.
 constexpr std::string_view kNoneHeld = "00";
 
@@ -83,14 +85,14 @@ std::string KeyByFormat(ImportForm& importForm, const FormatHead& head, std::siz
   const auto value = [&](std::string_view tag) {
     return GetFieldValue(importForm, kVoucherGroup, tag, head.number, row);
   };
-  return value("VOUCHERTYPENAME") + "-" + value("VOUCHERNUMBER") + "-" + value("DATE");
+  return value(kKeyTags[0]) + "-" + value(kKeyTags[1]) + "-" + value(kKeyTags[2]);
 }
 
 std::string KeyByColumns(ImportForm& importForm, const FormatHead&, std::size_t row) {
   form::GridReader reader(importForm);
   reader.MoveTo(row);
-  return reader.Required("VCHTYPE") + "-" + reader.Required("VCHNO") + "-" +
-         reader.Required("VCHDATE");
+  return reader.Required(kKeyColumns[0]) + "-" + reader.Required(kKeyColumns[1]) + "-" +
+         reader.Required(kKeyColumns[2]);
 }
 
 class VoucherFormatRun {
@@ -101,7 +103,7 @@ class VoucherFormatRun {
         head_(HeadOf(importForm, importForm.cmbTableName.text)),
         expander_(importForm),
         marker_(importForm),
-        hasId_(importForm.FindListedColumn("ID") >= 0) {}
+        hasId_(importForm.FindListedColumn(kIdKey) >= 0) {}
 
   void Run() {
     form_.CurrentCompany = form_.cmbCurrentCompanyList.text;
@@ -153,7 +155,7 @@ class VoucherFormatRun {
   std::string Key(std::size_t row) {
     std::string key = keyOf_(form_, head_, row);
     if (!hasId_) return key;
-    return std::string(form_.GR1.Text(row, form_.GR1.ColumnIndex("ID")));
+    return std::string(form_.GR1.Text(row, form_.GR1.ColumnIndex(kIdKey)));
   }
 
   [[noreturn]] static void FailWithoutDocument(const std::string& key) {
@@ -222,5 +224,14 @@ std::string RowPoster::CustomRowPost(const std::string& companyName, std::size_t
 
 void PostCustomFormat(ImportForm& importForm) { PostVouchers(importForm, KeyByFormat); }
 void PostTransactionGST(ImportForm& importForm) { PostVouchers(importForm, KeyByColumns); }
+
+form::DeclaredColumns CustomFormatColumns() { return {{kIdKey, false, "", ""}}; }
+
+form::DeclaredColumns TransactionGSTColumns() {
+  form::DeclaredColumns all;
+  for (const std::string_view key : kKeyColumns) all.push_back({key, true, "", ""});
+  all.push_back({kIdKey, false, "", ""});
+  return all;
+}
 
 }  // namespace vorlane::formats

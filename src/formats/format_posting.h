@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "form/declared_column.h"
 #include "form/import_form.h"
 #include "formats/template_expansion.h"
 
@@ -49,5 +50,12 @@ class RowPoster {
 /// VCHDATE; a column ID takes the place of both.
 void PostCustomFormat(form::ImportForm& importForm);
 void PostTransactionGST(form::ImportForm& importForm);
+
+/// The tags whose columns are the first loop's key; the source must have those.
+inline constexpr std::string_view kKeyTags[] = {"VOUCHERTYPENAME", "VOUCHERNUMBER", "DATE"};
+
+/// What the loops themselves read of a row, besides what a template names.
+form::DeclaredColumns CustomFormatColumns();
+form::DeclaredColumns TransactionGSTColumns();
 
 }  // namespace vorlane::formats

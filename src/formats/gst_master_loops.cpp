@@ -24,6 +24,7 @@ struct MasterKind {
   std::string_view location;
 };
 
+constexpr std::string_view kNameKey = "NAME";
 constexpr std::string_view kParent[] = {"PARENT"};
 constexpr std::string_view kGodownColumns[] = {"PARENT", "HASNOSTOCK"};
 constexpr std::string_view kStockGroupColumns[] = {"PARENT", "ISADDABLE"};
@@ -122,7 +123,7 @@ void WalkGrid(ImportForm& importForm, const MasterKind& kind, TakeRow takeRow) {
 void PostRowByRow(ImportForm& importForm, const RowMaster& master) {
   WalkGrid(importForm, master.kind, [&](MasterRows& rows, std::size_t i) {
     form::GridReader& row = rows.MoveTo(i);
-    const std::string name = row.Required("NAME");
+    const std::string name = row.Required(kNameKey);
     if (name.empty() || rows.IsSkipped(i, name)) return;
     for (const std::string_view column : master.columns) row.Required(column);
     rows.Post(i);
@@ -133,7 +134,7 @@ void PostHeldRows(ImportForm& importForm, const HeldRowMaster& master) {
   std::string first = "00";  // none seen yet
   std::string name;
   WalkGrid(importForm, master.kind, [&](MasterRows& rows, std::size_t i) {
-    const std::string ownName = rows.MoveTo(i).Required("NAME");
+    const std::string ownName = rows.MoveTo(i).Required(kNameKey);
     if (!ownName.empty()) name = ownName;
     if (master.passesOverFirstName && name == first) return;
     if (rows.IsSkipped(i, name)) return;
@@ -145,6 +146,13 @@ void PostHeldRows(ImportForm& importForm, const HeldRowMaster& master) {
     }
     rows.Post(i - 1);
   });
+}
+
+form::DeclaredColumns DeclaredOf(std::span<const std::string_view> required) {
+  form::DeclaredColumns all{{kNameKey, true, "", ""}};
+  for (const std::string_view key : required) all.push_back({key, true, "", ""});
+  all.push_back(form::kCompanyColumn);
+  return all;
 }
 
 }  // namespace
@@ -160,5 +168,10 @@ void PostLedgersGST(ImportForm& importForm) { PostHeldRows(importForm, kLedgers)
 void PostStockItemsGST(ImportForm& importForm) { PostHeldRows(importForm, kStockItems); }
 
 void PostUnitsGST(ImportForm& importForm) { masters::PostUnits(importForm); }
+
+form::DeclaredColumns GodownGSTColumns() { return DeclaredOf(kGodowns.columns); }
+form::DeclaredColumns StockGroupGSTColumns() { return DeclaredOf(kStockGroups.columns); }
+form::DeclaredColumns ParentedGSTColumns() { return DeclaredOf(kParent); }
+form::DeclaredColumns HeldGSTColumns() { return DeclaredOf({}); }
 
 }  // namespace vorlane::formats

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "form/declared_column.h"
 #include "form/import_form.h"
 
 namespace vorlane::formats {
@@ -26,5 +27,14 @@ void PostStockItemsGST(form::ImportForm& importForm);
 
 /// The plain loop under another name: units have no template.
 void PostUnitsGST(form::ImportForm& importForm);
+
+/// What the loops themselves read of a row, besides what a format's template names:
+/// those of godowns, of stock groups, of the other ones that post each row, and of
+/// those that post a row late.
+
+form::DeclaredColumns GodownGSTColumns();
+form::DeclaredColumns StockGroupGSTColumns();
+form::DeclaredColumns ParentedGSTColumns();
+form::DeclaredColumns HeldGSTColumns();
 
 }  // namespace vorlane::formats

@@ -23,6 +23,16 @@ void ReplaceMarker(std::string& text, std::string_view marker, std::string_view 
   text = platform::ReplaceAll(std::move(text), marker, value);
 }
 
+std::vector<std::string> MarkersIn(std::string_view text) {
+  std::vector<std::string> markers;
+  for (std::size_t at = text.find('{'); at != std::string_view::npos; at = text.find('{', at + 1)) {
+    const std::size_t end = text.find('}', at);
+    if (end == std::string_view::npos) break;
+    markers.emplace_back(text.substr(at, end - at + 1));
+  }
+  return markers;
+}
+
 RowMarkers::RowMarkers(const form::ImportGrid& grid) : grid_(grid) {
   columns_.reserve(grid.ColumnCount());
   for (std::size_t i = 1; i <= grid.ColumnCount(); ++i) {

@@ -17,6 +17,9 @@ inline constexpr std::size_t kLongestTemplateText = std::size_t{1} << 20;
 /// the text would grow too long.
 void ReplaceMarker(std::string& text, std::string_view marker, std::string_view value);
 
+/// The markers of a text as it is written, braces included.
+std::vector<std::string> MarkersIn(std::string_view text);
+
 /// Puts the cells of a grid's row into texts of a template. Columns are walked
 /// from the first to the last, each one's marker replaced throughout, so a cell
 /// may bring in markers of the columns behind it. Markers of no column stay.

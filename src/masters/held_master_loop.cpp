@@ -28,7 +28,7 @@ void PostHeldMasters(ImportForm& importForm, const HeldLoopRules& rules, HeldMas
       row.MoveTo(i);
       companyRule.Apply(row);
       // A row with text but no name goes on with the master above it.
-      const std::string ownName = row.Required("NAME");
+      const std::string ownName = row.Required(kHeldNameKey);
       if (!ownName.empty() || importForm.IsEmptyRow(i)) name = ownName;
       const bool isNew = name != held && !(rules.passesOverEmptyNames && name.empty());
       if (isNew) {

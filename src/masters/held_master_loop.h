@@ -8,6 +8,9 @@
 
 namespace vorlane::masters {
 
+/// The column that names a master that spans rows.
+inline constexpr std::string_view kHeldNameKey = "NAME";
+
 /// What the two loops of masters that span rows share, and where they differ.
 struct HeldLoopRules {
   std::string_view existsType;  ///< asked of Tally for each new name

@@ -52,18 +52,22 @@ constexpr std::string LedgerRec::*kNoByDefault[] = {
     &LedgerRec::IsTDSApplicable,    &LedgerRec::IsFBTApplicable,  &LedgerRec::IsGSTApplicable,
 };
 
+constexpr std::string_view kDeducteeType = "TDSDEDUCTEETYPE";
+constexpr std::string_view kOpeningBalance = "OPENINGBALANCE";
 constexpr std::string_view kAddressColumns[] = {"ADDRESS1", "ADDRESS2", "ADDRESS3", "ADDRESS4"};
 constexpr std::string_view kBillColumns[] = {"OPENINGBILLDATE", "OPENINGNAME",
-                                             "OPENINGCREDITPERIOD", "OPENINGBALANCE"};
+                                             "OPENINGCREDITPERIOD", kOpeningBalance};
+/// An account stands on a row when this one holds text; the others must then be there.
+constexpr std::string_view kBankKey = "PAYMENTFAVOURING";
 constexpr std::string_view kBankColumns[] = {
-    "BANKNAME",        "ACCOUNTNUMBER",      "IFSCCODE",     "PAYMENTFAVOURING",
+    "BANKNAME",        "ACCOUNTNUMBER",      "IFSCCODE",     kBankKey,
     "TRANSACTIONNAME", "CHEQUECROSSCOMMENT", "SETASDEFAULT", "DEFAULTTRANSACTIONTYPE"};
 
 class HeldLedger : public HeldMaster {
  public:
   explicit HeldLedger(ImportForm& importForm) : form_(importForm) {
     // Unlike all other optional columns these count from the very first field.
-    hasBank_ = importForm.FindListedColumn("PAYMENTFAVOURING") >= 0;
+    hasBank_ = importForm.FindListedColumn(kBankKey) >= 0;
     hasBills_ = true;
     for (const std::string_view key : kBillColumns) {
       hasBills_ = hasBills_ && importForm.FindListedColumn(key) >= 0;
@@ -89,18 +93,18 @@ class HeldLedger : public HeldMaster {
     for (std::size_t line = 0; line < std::size(kAddressColumns); ++line) {
       ledger_.Address[line] = row.Optional(kAddressColumns[line]);
     }
-    const std::string deducteeType = row.Optional("TDSDEDUCTEETYPE");
+    const std::string deducteeType = row.Optional(kDeducteeType);
     if (!deducteeType.empty()) {  // an empty cell leaves the type of an earlier ledger
       ledger_.IsTDSApplicable = "Yes";
       ledger_.TDSDeducteeType = platform::NumberText(platform::Val(deducteeType));
     }
-    if (row.HasOptional("OPENINGBALANCE")) {
-      ledger_.OpeningBalance = platform::NumberText(platform::Val(row.Optional("OPENINGBALANCE")));
+    if (row.HasOptional(kOpeningBalance)) {
+      ledger_.OpeningBalance = platform::NumberText(platform::Val(row.Optional(kOpeningBalance)));
     }
   }
 
   void AddBlocks(GridReader& row) override {
-    if (hasBank_ && !row.Required("PAYMENTFAVOURING").empty()) AddBank(row);
+    if (hasBank_ && !row.Required(kBankKey).empty()) AddBank(row);
     if (hasBills_) AddBill(row);
   }
 
@@ -141,6 +145,22 @@ constexpr HeldLoopRules kLedgers{"LEDGER", "Processed Ledgers: ", "F01-0022", tr
 void PostLedgers(ImportForm& importForm) {
   HeldLedger ledger(importForm);
   PostHeldMasters(importForm, kLedgers, ledger);
+}
+
+form::DeclaredColumns LedgerColumns() {
+  form::DeclaredColumns all{{kHeldNameKey, true, "", ""}};
+  for (const LedgerColumn& column : kColumns) all.push_back({column.key, false, "", ""});
+  for (const std::string_view key : kAddressColumns) all.push_back({key, false, "", ""});
+  all.push_back({kDeducteeType, false, "number", ""});
+  for (const std::string_view key : kBillColumns) {
+    all.push_back({key, false, key == kOpeningBalance ? "number" : "", ""});
+  }
+  all.push_back({kBankKey, false, "", ""});
+  for (const std::string_view key : kBankColumns) {
+    if (key != kBankKey) all.push_back({key, true, "", "beside `PaymentFavouring`"});
+  }
+  all.push_back(form::kCompanyColumn);
+  return all;
 }
 
 }  // namespace vorlane::masters

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "form/declared_column.h"
 #include "form/import_form.h"
 
 namespace vorlane::masters {
@@ -21,5 +22,17 @@ void PostCostCentres(form::ImportForm& importForm);
 /// row with one more name has to follow it.
 void PostLedgers(form::ImportForm& importForm);
 void PostStockItems(form::ImportForm& importForm);
+
+/// What each of them reads of a row.
+
+form::DeclaredColumns LedgerGroupColumns();
+form::DeclaredColumns UnitColumns();
+form::DeclaredColumns GodownColumns();
+form::DeclaredColumns StockGroupColumns();
+form::DeclaredColumns StockCategoryColumns();
+form::DeclaredColumns CostCategoryColumns();
+form::DeclaredColumns CostCentreColumns();
+form::DeclaredColumns LedgerColumns();
+form::DeclaredColumns StockItemColumns();
 
 }  // namespace vorlane::masters

@@ -28,10 +28,21 @@ std::string Read(std::string cell, Reading reading) {
   return cell;
 }
 
+std::string_view NameOf(Reading reading) {
+  return reading == Reading::Text ? std::string_view() : "number";
+}
+
 struct ItemColumn {
   std::string_view key;
   std::string StockItemRec::*field;
   Reading reading = Reading::Text;
+};
+
+/// Read without a test, in the row that names the item.
+constexpr ItemColumn kRequiredColumns[] = {
+    {"PARENT", &StockItemRec::Parent},
+    {"CATEGORY", &StockItemRec::Category},
+    {"BASEUNITS", &StockItemRec::BaseUnits},
 };
 
 /// Read each when the source has it.
@@ -64,6 +75,9 @@ constexpr ItemColumn kColumns[] = {
     {"VATINCL", &StockItemRec::VATIncl},
 };
 
+constexpr std::string_view kMfgQty = "MFGQTY";
+constexpr std::string_view kMfgUnit = "MFGUNIT";
+
 /// What a block does with one of its columns.
 enum class BlockNeed {
   Key,       ///< the block stands when the source has it and its cell holds text
@@ -82,6 +96,7 @@ struct BlockColumn {
 struct Block {
   TextRows StockItemRec::*table;
   std::span<const BlockColumn> columns;
+  std::string_view besides;  ///< for the guide: what its required columns stand beside
 };
 
 constexpr BlockColumn kBatchColumns[] = {
@@ -115,9 +130,11 @@ constexpr BlockColumn kExciseColumns[] = {
 };
 
 constexpr Block kBlocks[] = {
-    {&StockItemRec::Batches, kBatchColumns},        {&StockItemRec::StdCosts, kCostColumns},
-    {&StockItemRec::StdPrices, kPriceColumns},      {&StockItemRec::Components, kComponentColumns},
-    {&StockItemRec::ExciseGodowns, kExciseColumns},
+    {&StockItemRec::Batches, kBatchColumns, ""},
+    {&StockItemRec::StdCosts, kCostColumns, ""},
+    {&StockItemRec::StdPrices, kPriceColumns, ""},
+    {&StockItemRec::Components, kComponentColumns, ""},
+    {&StockItemRec::ExciseGodowns, kExciseColumns, "beside `ExciseGodown`"},
 };
 
 /// A block whose column is the very first field of the source is switched off,
@@ -142,9 +159,9 @@ class HeldStockItem : public HeldMaster {
 
   void Start(GridReader& row, const std::string& name) override {
     item_.Name = name;
-    item_.Parent = row.Required("PARENT");
-    item_.Category = row.Required("CATEGORY");
-    item_.BaseUnits = row.Required("BASEUNITS");
+    for (const ItemColumn& column : kRequiredColumns) {
+      item_.*column.field = row.Required(column.key);
+    }
     item_.CostingMethod = "Avg. Cost";
     item_.ValuationMethod = "Avg. Price";
     for (const ItemColumn& column : kColumns) {
@@ -152,8 +169,8 @@ class HeldStockItem : public HeldMaster {
         item_.*column.field = Read(row.Optional(column.key), column.reading);
       }
     }
-    if (row.HasOptional("MFGQTY")) {
-      item_.BasicQty = row.Optional("MFGQTY") + row.Required("MFGUNIT");
+    if (row.HasOptional(kMfgQty)) {
+      item_.BasicQty = row.Optional(kMfgQty) + row.Required(kMfgUnit);
     }
   }
 
@@ -187,6 +204,25 @@ constexpr HeldLoopRules kStockItems{"STOCK ITEMS", "Processed Stock Items: ", "F
 void PostStockItems(ImportForm& importForm) {
   HeldStockItem item(importForm);
   PostHeldMasters(importForm, kStockItems, item);
+}
+
+form::DeclaredColumns StockItemColumns() {
+  form::DeclaredColumns all{{kHeldNameKey, true, "", ""}};
+  for (const ItemColumn& column : kRequiredColumns) all.push_back({column.key, true, "", ""});
+  for (const ItemColumn& column : kColumns) {
+    all.push_back({column.key, false, NameOf(column.reading), ""});
+  }
+  all.push_back({kMfgQty, false, "", ""});
+  all.push_back({kMfgUnit, true, "", "beside `MfgQty`"});
+  for (const Block& block : kBlocks) {
+    for (const BlockColumn& column : block.columns) {
+      const bool isRequired = column.need == BlockNeed::Required;
+      all.push_back({column.key, isRequired, NameOf(column.reading),
+                     isRequired ? block.besides : std::string_view()});
+    }
+  }
+  all.push_back(form::kCompanyColumn);
+  return all;
 }
 
 }  // namespace vorlane::masters

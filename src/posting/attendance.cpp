@@ -45,5 +45,6 @@ void PostAttendance(form::ImportForm& importForm) {
   Attendance family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns AttendanceColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

@@ -62,5 +62,6 @@ void PostBankStmt(form::ImportForm& importForm) {
   BankStatements family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns BankStmtColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

@@ -119,5 +119,6 @@ void PostCostTransaction(ImportForm& importForm) {
   CostTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns CostTransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

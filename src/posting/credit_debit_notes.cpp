@@ -45,5 +45,6 @@ void PostCrDrNotes(form::ImportForm& importForm) {
   CreditDebitNotes family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns CrDrNotesColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

@@ -89,5 +89,6 @@ void PostItemizedTransaction(form::ImportForm& importForm) {
   ItemTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns ItemizedTransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

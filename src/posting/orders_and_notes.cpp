@@ -206,10 +206,12 @@ void PostOrders(form::ImportForm& importForm) {
   Orders family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns OrdersColumns() { return DeclaredOf(kOrderColumns); }
 
 void PostNotes(form::ImportForm& importForm) {
   Notes family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns NotesColumns() { return DeclaredOf(kNoteColumns); }
 
 }  // namespace vorlane::posting

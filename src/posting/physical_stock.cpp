@@ -71,5 +71,6 @@ void PostPhysicalStock(form::ImportForm& importForm) {
   PhysicalStock family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns PhysicalStockColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

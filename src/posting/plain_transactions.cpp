@@ -55,5 +55,6 @@ void PostTransaction(form::ImportForm& importForm) {
   PlainTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns TransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

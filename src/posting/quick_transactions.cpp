@@ -82,5 +82,6 @@ void PostQuickTransaction(form::ImportForm& importForm) {
   QuickTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns QuickTransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

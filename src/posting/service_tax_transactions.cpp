@@ -67,5 +67,6 @@ void PostServTaxTransaction(form::ImportForm& importForm) {
   ServiceTaxTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns ServTaxTransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

@@ -86,5 +86,6 @@ void PostStockJV(form::ImportForm& importForm) {
   StockJournals family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns StockJVColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

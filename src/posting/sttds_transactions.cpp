@@ -94,5 +94,6 @@ void PostSTTDSTransaction(form::ImportForm& importForm) {
   STTDSTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns STTDSTransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

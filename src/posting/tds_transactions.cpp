@@ -39,5 +39,6 @@ void PostTDSTransaction(form::ImportForm& importForm) {
   TdsTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns TDSTransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

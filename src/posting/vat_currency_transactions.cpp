@@ -158,5 +158,6 @@ void PostVATTransactionMC(form::ImportForm& importForm) {
   VATCurrencyTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns VATTransactionMCColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

@@ -220,5 +220,6 @@ void PostVATTransaction(form::ImportForm& importForm) {
   VATTransactions family;
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns VATTransactionColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "form/declared_column.h"
 #include "form/import_form.h"
 
 namespace vorlane::posting {
@@ -26,5 +27,25 @@ void PostPhysicalStock(form::ImportForm& importForm);
 void PostCrDrNotes(form::ImportForm& importForm);
 void PostAttendance(form::ImportForm& importForm);
 void PostVoucherRegister(form::ImportForm& importForm);
+
+/// What each of them reads of a row.
+
+form::DeclaredColumns BankStmtColumns();
+form::DeclaredColumns CostTransactionColumns();
+form::DeclaredColumns QuickTransactionColumns();
+form::DeclaredColumns ServTaxTransactionColumns();
+form::DeclaredColumns STTDSTransactionColumns();
+form::DeclaredColumns TDSTransactionColumns();
+form::DeclaredColumns TransactionColumns();
+form::DeclaredColumns VATTransactionColumns();
+form::DeclaredColumns VATTransactionMCColumns();
+form::DeclaredColumns ItemizedTransactionColumns();
+form::DeclaredColumns OrdersColumns();
+form::DeclaredColumns NotesColumns();
+form::DeclaredColumns StockJVColumns();
+form::DeclaredColumns PhysicalStockColumns();
+form::DeclaredColumns CrDrNotesColumns();
+form::DeclaredColumns AttendanceColumns();
+form::DeclaredColumns VoucherRegisterColumns();
 
 }  // namespace vorlane::posting

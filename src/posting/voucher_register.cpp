@@ -241,5 +241,6 @@ void PostVoucherRegister(form::ImportForm& importForm) {
   VoucherRegister family(importForm);
   VoucherRun(importForm, family).Run();
 }
+form::DeclaredColumns VoucherRegisterColumns() { return DeclaredOf(kColumns); }
 
 }  // namespace vorlane::posting

@@ -10,6 +10,27 @@ namespace vorlane::posting {
 using form::ImportForm;
 using form::ImportGrid;
 
+namespace {
+
+constexpr std::string_view kIdKey = "ID";
+
+std::string_view NameOf(Reading reading) {
+  switch (reading) {
+    case Reading::Text:
+    case Reading::KeptText:
+      return "";
+    case Reading::Amount:
+      return "amount";
+    case Reading::Formatted:
+      return "number";
+    case Reading::Rate:
+      return "rate";
+  }
+  return "";
+}
+
+}  // namespace
+
 VoucherRun::VoucherRun(ImportForm& importForm, VoucherFamily& family)
     : form_(importForm),
       family_(family),
@@ -92,7 +113,7 @@ void VoucherRun::BindColumns() {
   }
   // ID alone counts from the very first field. One that the loader added is no
   // column of the source and does not group rows.
-  hasId_ = form_.FindListedColumn("ID") >= 0;
+  hasId_ = form_.FindListedColumn(kIdKey) >= 0;
 }
 
 void VoucherRun::ReadCell(std::string_view text, Reading reading, std::string& field) const {
@@ -124,7 +145,7 @@ void VoucherRun::ReadRow(std::size_t gridRow) {
     const std::string_view text = grid.Text(gridRow, gridColumn);
     ReadCell(text, column.reading, row.*column.field);
   }
-  if (hasId_) row.Id = reader_.Required("ID");
+  if (hasId_) row.Id = reader_.Required(kIdKey);
 }
 
 std::string VoucherRun::VoucherKey() {
@@ -155,6 +176,18 @@ void VoucherRun::ShowOutcome(std::size_t gridRow, const std::string& status) {
     marker_.MarkSingleRow(gridRow, status);
   }
   form_.stat("msg", "Processed Document: " + vchID_);
+}
+
+form::DeclaredColumns DeclaredOf(std::span<const VoucherColumn> columns) {
+  form::DeclaredColumns all;
+  bool hasOwnId = false;  // a register's, which it needs
+  for (const VoucherColumn& column : columns) {
+    all.push_back({column.key, column.need == Need::Required, NameOf(column.reading), ""});
+    hasOwnId = hasOwnId || column.key == kIdKey;
+  }
+  if (!hasOwnId) all.push_back({kIdKey, false, "", ""});
+  all.push_back(form::kCompanyColumn);
+  return all;
 }
 
 }  // namespace vorlane::posting

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "form/declared_column.h"
 #include "form/grid_reader.h"
 #include "form/import_form.h"
 #include "form/row_outcome.h"
@@ -141,5 +142,8 @@ class VoucherRun {
   std::string vchID_ = "1";
   std::string prevVoucherKey_ = "00";
 };
+
+/// A family's columns and those that the run reads for every family.
+form::DeclaredColumns DeclaredOf(std::span<const VoucherColumn> columns);
 
 }  // namespace vorlane::posting

@@ -15,13 +15,19 @@ errors::Reporter::ShowBox ErrorBoxOn(form::Face& face) {
   };
 }
 
+platform::HttpLimits LimitsFor(form::Face& face) {
+  platform::HttpLimits limits;
+  limits.whileWaiting = [&face] { face.StayPainted(); };
+  return limits;
+}
+
 }  // namespace
 
 Application::Application(form::Face& face)
     : settings_(platform::SettingsFilePath()),
       applicationFolder_(platform::ApplicationFolder(platform::ProgramFolder())),
       reporter_(clock_, platform::ComputerName(), applicationFolder_, ErrorBoxOn(face)),
-      gateway_(settings_, reporter_),
+      gateway_(settings_, reporter_, LimitsFor(face)),
       store_(applicationFolder_ / kStoreFileName),
       form_({settings_, clock_, gateway_, store_, reporter_, face, applicationFolder_}) {}
 

@@ -31,46 +31,54 @@ constexpr std::pair<std::string_view, Loop> kFormatLoops[] = {
     {"VOUCHER", Loop::PostCustomFormat},
 };
 
-/// The loops that are built.
-constexpr std::pair<Loop, void (*)(ImportForm&)> kLoops[] = {
-    {Loop::PostAttendance, posting::PostAttendance},
-    {Loop::PostBankStmt, posting::PostBankStmt},
-    {Loop::PostCostCategories, masters::PostCostCategories},
-    {Loop::PostCostCategoriesGST, formats::PostCostCategoriesGST},
-    {Loop::PostCostCentres, masters::PostCostCentres},
-    {Loop::PostCostCentresGST, formats::PostCostCentresGST},
-    {Loop::PostCostTransaction, posting::PostCostTransaction},
-    {Loop::PostCrDrNotes, posting::PostCrDrNotes},
-    {Loop::PostCustomFormat, formats::PostCustomFormat},
-    {Loop::PostGodowns, masters::PostGodowns},
-    {Loop::PostGodownsGST, formats::PostGodownsGST},
-    {Loop::PostItemizedTransaction, posting::PostItemizedTransaction},
-    {Loop::PostLedgerGroups, masters::PostLedgerGroups},
-    {Loop::PostLedgerGroupsGST, formats::PostLedgerGroupsGST},
-    {Loop::PostLedgers, masters::PostLedgers},
-    {Loop::PostLedgersGST, formats::PostLedgersGST},
-    {Loop::PostNotes, posting::PostNotes},
-    {Loop::PostOrders, posting::PostOrders},
-    {Loop::PostPhysicalStock, posting::PostPhysicalStock},
-    {Loop::PostQuickTransaction, posting::PostQuickTransaction},
-    {Loop::PostSTTDSTransaction, posting::PostSTTDSTransaction},
-    {Loop::PostServTaxTransaction, posting::PostServTaxTransaction},
-    {Loop::PostStockCategories, masters::PostStockCategories},
-    {Loop::PostStockCategoriesGST, formats::PostStockCategoriesGST},
-    {Loop::PostStockGroups, masters::PostStockGroups},
-    {Loop::PostStockGroupsGST, formats::PostStockGroupsGST},
-    {Loop::PostStockItems, masters::PostStockItems},
-    {Loop::PostStockItemsGST, formats::PostStockItemsGST},
-    {Loop::PostStockJV, posting::PostStockJV},
-    {Loop::PostTDSTransaction, posting::PostTDSTransaction},
-    {Loop::PostTransaction, posting::PostTransaction},
-    {Loop::PostTransactionGST, formats::PostTransactionGST},
-    {Loop::PostUnits, masters::PostUnits},
-    {Loop::PostUnitsGST, formats::PostUnitsGST},
-    {Loop::PostVATTransaction, posting::PostVATTransaction},
-    {Loop::PostVATTransactionMC, posting::PostVATTransactionMC},
-    {Loop::PostVoucherRegister, posting::PostVoucherRegister},
+struct LoopEntry {
+  Loop loop;
+  void (*run)(ImportForm&);
+  form::DeclaredColumns (*columns)();  ///< what it reads of a row
 };
+
+/// The loops that are built.
+// clang-format off
+constexpr LoopEntry kLoops[] = {
+    {Loop::PostAttendance, posting::PostAttendance, posting::AttendanceColumns},
+    {Loop::PostBankStmt, posting::PostBankStmt, posting::BankStmtColumns},
+    {Loop::PostCostCategories, masters::PostCostCategories, masters::CostCategoryColumns},
+    {Loop::PostCostCategoriesGST, formats::PostCostCategoriesGST, formats::ParentedGSTColumns},
+    {Loop::PostCostCentres, masters::PostCostCentres, masters::CostCentreColumns},
+    {Loop::PostCostCentresGST, formats::PostCostCentresGST, formats::ParentedGSTColumns},
+    {Loop::PostCostTransaction, posting::PostCostTransaction, posting::CostTransactionColumns},
+    {Loop::PostCrDrNotes, posting::PostCrDrNotes, posting::CrDrNotesColumns},
+    {Loop::PostCustomFormat, formats::PostCustomFormat, formats::CustomFormatColumns},
+    {Loop::PostGodowns, masters::PostGodowns, masters::GodownColumns},
+    {Loop::PostGodownsGST, formats::PostGodownsGST, formats::GodownGSTColumns},
+    {Loop::PostItemizedTransaction, posting::PostItemizedTransaction, posting::ItemizedTransactionColumns},
+    {Loop::PostLedgerGroups, masters::PostLedgerGroups, masters::LedgerGroupColumns},
+    {Loop::PostLedgerGroupsGST, formats::PostLedgerGroupsGST, formats::HeldGSTColumns},
+    {Loop::PostLedgers, masters::PostLedgers, masters::LedgerColumns},
+    {Loop::PostLedgersGST, formats::PostLedgersGST, formats::HeldGSTColumns},
+    {Loop::PostNotes, posting::PostNotes, posting::NotesColumns},
+    {Loop::PostOrders, posting::PostOrders, posting::OrdersColumns},
+    {Loop::PostPhysicalStock, posting::PostPhysicalStock, posting::PhysicalStockColumns},
+    {Loop::PostQuickTransaction, posting::PostQuickTransaction, posting::QuickTransactionColumns},
+    {Loop::PostSTTDSTransaction, posting::PostSTTDSTransaction, posting::STTDSTransactionColumns},
+    {Loop::PostServTaxTransaction, posting::PostServTaxTransaction, posting::ServTaxTransactionColumns},
+    {Loop::PostStockCategories, masters::PostStockCategories, masters::StockCategoryColumns},
+    {Loop::PostStockCategoriesGST, formats::PostStockCategoriesGST, formats::ParentedGSTColumns},
+    {Loop::PostStockGroups, masters::PostStockGroups, masters::StockGroupColumns},
+    {Loop::PostStockGroupsGST, formats::PostStockGroupsGST, formats::StockGroupGSTColumns},
+    {Loop::PostStockItems, masters::PostStockItems, masters::StockItemColumns},
+    {Loop::PostStockItemsGST, formats::PostStockItemsGST, formats::HeldGSTColumns},
+    {Loop::PostStockJV, posting::PostStockJV, posting::StockJVColumns},
+    {Loop::PostTDSTransaction, posting::PostTDSTransaction, posting::TDSTransactionColumns},
+    {Loop::PostTransaction, posting::PostTransaction, posting::TransactionColumns},
+    {Loop::PostTransactionGST, formats::PostTransactionGST, formats::TransactionGSTColumns},
+    {Loop::PostUnits, masters::PostUnits, masters::UnitColumns},
+    {Loop::PostUnitsGST, formats::PostUnitsGST, masters::UnitColumns},
+    {Loop::PostVATTransaction, posting::PostVATTransaction, posting::VATTransactionColumns},
+    {Loop::PostVATTransactionMC, posting::PostVATTransactionMC, posting::VATTransactionMCColumns},
+    {Loop::PostVoucherRegister, posting::PostVoucherRegister, posting::VoucherRegisterColumns},
+};
+// clang-format on
 
 }  // namespace
 
@@ -78,18 +86,28 @@ Loop FindLoop(ImportForm& importForm, std::string_view importType) {
   const std::string key = platform::UpperCase(importType);
   const sources::ImportType* type = sources::FindImportType(key);
   if (type && type->loop != Loop::CustomFormat) return type->loop;
-  const std::string word =
-      platform::UpperCase(formats::IsCustomFormat(importForm.services.store, key));
+  return LoopOfFormat(formats::IsCustomFormat(importForm.services.store, key));
+}
+
+Loop LoopOfFormat(std::string_view typeWord) {
+  const std::string word = platform::UpperCase(typeWord);
   for (const auto& [known, loop] : kFormatLoops) {
     if (known == word) return loop;
   }
   return Loop::Nothing;
 }
 
+form::DeclaredColumns ColumnsOf(Loop loop) {
+  for (const LoopEntry& entry : kLoops) {
+    if (entry.loop == loop) return entry.columns();
+  }
+  return {};
+}
+
 void RunLoop(ImportForm& importForm, Loop loop) {
   if (loop == Loop::Nothing) return;
-  for (const auto& [known, run] : kLoops) {
-    if (known == loop) return run(importForm);
+  for (const LoopEntry& entry : kLoops) {
+    if (entry.loop == loop) return entry.run(importForm);
   }
   throw platform::Failure(platform::failure_number::kFeatureNotBuilt, "ImportDispatcher",
                           "This version of Vorlane does not have " +

@@ -14,6 +14,7 @@ using platform::Recordset;
 
 namespace {
 
+constexpr std::string_view kColumnName = "ColumnName";
 constexpr std::string_view kNeededFields[] = {"LedgerName", "LedgerSign", "Order"};
 
 /// A map carries these in an unbroken run from the start, or its reader misplaces
@@ -57,7 +58,7 @@ bool HasValidHeaders(ImportForm& importForm, const Recordset& recordset) {
 /// has then been told.
 bool TagColumns(ImportForm& importForm, Recordset map, bool takesOptional) {
   for (; !map.Eof(); map.MoveNext()) {
-    const auto name = map.Value("ColumnName");
+    const auto name = map.Value(kColumnName);
     if (!name) continue;
     if (!HeaderExists(importForm.GR1, *name)) {
       importForm.ShowBox({"Column >" + std::string(*name) +
@@ -74,7 +75,7 @@ bool TagColumns(ImportForm& importForm, Recordset map, bool takesOptional) {
 }  // namespace
 
 std::string RegisterTag(const Recordset& map, bool takesOptional) {
-  std::string tag = platform::UpperCase(map.Value("ColumnName").value_or("")) + "|";
+  std::string tag = platform::UpperCase(map.Value(kColumnName).value_or("")) + "|";
   for (const std::string_view name : kNeededFields) {
     tag.append(map.Value(name).value_or("")).append("|");
   }
@@ -83,6 +84,13 @@ std::string RegisterTag(const Recordset& map, bool takesOptional) {
     if (map.FindField(name)) tag.append(map.Value(name).value_or("")).append("|");
   }
   return tag;
+}
+
+form::DeclaredColumns MapColumns() {
+  form::DeclaredColumns all{{kColumnName, true, "", ""}};
+  for (const std::string_view name : kNeededFields) all.push_back({name, true, "", ""});
+  for (const std::string_view name : kOptionalFields) all.push_back({name, false, "", ""});
+  return all;
 }
 
 void LoadRegisterRows(ImportForm& importForm, const Load& load) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "form/declared_column.h"
 #include "form/import_form.h"
 #include "platform/data/recordset.h"
 #include "sources/load.h"
@@ -17,5 +18,8 @@ void LoadRegisterRows(form::ImportForm& importForm, const Load& load);
 /// the map has. A field that the map lacks leaves no place, so those behind it
 /// move up.
 std::string RegisterTag(const platform::Recordset& map, bool takesOptional);
+
+/// The fields of a register's map, as it spells them.
+form::DeclaredColumns MapColumns();
 
 }  // namespace vorlane::sources

@@ -78,10 +78,11 @@ void FormatNumbers(ListedTable& table, std::size_t column, const FormatPattern& 
 
 void FillDown(ListedTable& table, const LoaderRules& rules) {
   const int id = table.FindListedColumn("ID");
-  const NeededColumn vchDate(table, "VchDate");
-  const NeededColumn vchType(table, "VchType");
-  const NeededColumn vchNo(table, "VchNo");
-  const NeededColumn narration(table, "Narration");
+  const auto& [dateName, typeName, numberName, narrationName] = kFillDownColumns;
+  const NeededColumn vchDate(table, dateName);
+  const NeededColumn vchType(table, typeName);
+  const NeededColumn vchNo(table, numberName);
+  const NeededColumn narration(table, narrationName);
   for (std::size_t row = 2; row < table.RowCount(); ++row) {
     if (table.IsEmptyRowEx(row)) continue;
     // An ID in the very first field is not filled.

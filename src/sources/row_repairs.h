@@ -8,6 +8,10 @@
 
 namespace vorlane::sources {
 
+/// What the fill-down takes for granted: a source of more than one row without
+/// one of these is not loaded.
+inline constexpr std::string_view kFillDownColumns[] = {"VchDate", "VchType", "VchNo", "Narration"};
+
 /// Fills the blanks that a voucher's rows below its first leave: date, type and
 /// number from the row above, and within one ID its narration. Row 1 is never
 /// filled, empty rows are passed over. Fails when a column it needs is missing.

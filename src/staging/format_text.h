@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <span>
 #include <string>
@@ -29,6 +30,12 @@ struct FormatColumn {
   std::string_view heading;
   std::string_view column;
 };
+
+/// The places of the cells of a tag and of a group.
+namespace format_cell {
+enum Tag : std::size_t { kGroup, kSet, kOrder, kType, kTag, kFixed, kField, kFormat };
+enum Group : std::size_t { kParent, kChild, kChildSet, kCondition };
+}  // namespace format_cell
 
 std::span<const FormatColumn> FormatTagColumns();
 std::span<const FormatColumn> FormatGroupColumns();

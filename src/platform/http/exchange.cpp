@@ -253,9 +253,9 @@ class Exchanger {
 
   CURL* Handle() const { return easy_.get(); }
 
-  CURLcode Perform() {
+  CURLcode Perform(const std::function<void()>& whileWaiting) {
     if (curl_multi_add_handle(multi_.get(), easy_.get()) != CURLM_OK) return CURLE_OUT_OF_MEMORY;
-    const CURLcode code = RunToEnd();
+    const CURLcode code = RunToEnd(whileWaiting);
     curl_multi_remove_handle(multi_.get(), easy_.get());
     return code;
   }
@@ -265,15 +265,22 @@ class Exchanger {
   /// processor takes to wake, so the first moments are spent awake.
   static constexpr std::chrono::microseconds kAwake{250};
   static constexpr int kLongestSleepMilliseconds = 1000;  // OnProgress is called after each
+  static constexpr milliseconds kBetweenCalls{50};        // of what goes on while waiting
 
-  CURLcode RunToEnd() {
+  CURLcode RunToEnd(const std::function<void()>& whileWaiting) {
+    const int sleep =
+        whileWaiting ? static_cast<int>(kBetweenCalls.count()) : kLongestSleepMilliseconds;
+    auto nextCall = steady_clock::now() + kBetweenCalls;
     const auto start = steady_clock::now();
     int running = 1;
     while (curl_multi_perform(multi_.get(), &running) == CURLM_OK && running > 0) {
       if (steady_clock::now() - start < kAwake) {
         std::this_thread::yield();
       } else {
-        curl_multi_poll(multi_.get(), nullptr, 0, kLongestSleepMilliseconds, nullptr);
+        curl_multi_poll(multi_.get(), nullptr, 0, sleep, nullptr);
+        if (!whileWaiting || steady_clock::now() < nextCall) continue;
+        whileWaiting();
+        nextCall = steady_clock::now() + kBetweenCalls;
       }
     }
     int queued = 0;
@@ -295,7 +302,7 @@ RawAnswer Exchange(const RawRequest& request, const HttpLimits& limits) {
   Progress progress(limits);
   Prepare(handle, request, headers, progress);
 
-  const CURLcode code = exchanger.Perform();
+  const CURLcode code = exchanger.Perform(limits.whileWaiting);
   if (progress.givenUp != GivenUp::No) throw FaultOfOurs(progress, request.url);
   if (code != CURLE_OK) throw FaultOfLibrary(handle, code, progress, request.url);
   // The library takes an answer that ends within its head for an empty one.

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -9,12 +10,15 @@
 
 namespace vorlane::platform {
 
-/// What ends an exchange that does not end by itself.
+/// What ends an exchange that does not end by itself, and what goes on meanwhile.
 struct HttpLimits {
   std::chrono::milliseconds connect = std::chrono::seconds(60);
   /// The longest time in which not a byte moves in either direction.
   std::chrono::milliseconds silence = std::chrono::seconds(30);
   std::size_t answerBytes = std::size_t{512} * 1024 * 1024;
+  /// Called now and then, some twenty times a second, while an answer is awaited that
+  /// takes its time. Must neither throw nor exchange anything.
+  std::function<void()> whileWaiting = nullptr;
 };
 
 /// One exchange with an HTTP server, blocking until the answer is there. A fresh

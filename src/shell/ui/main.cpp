@@ -4,7 +4,6 @@
 
 #include "shell/application.h"
 #include "shell/command_line.h"
-#include "shell/ui/about_dialog.h"
 #include "shell/ui/main_window.h"
 
 int main(int argc, char** argv) try {
@@ -13,17 +12,12 @@ int main(int argc, char** argv) try {
   int toolkitArguments = 1;
   QApplication desktop(toolkitArguments, argv);
   QApplication::setDesktopFileName("vorlane");
-  ui::SplashWindow splash;
-  splash.show();
   ui::MainWindow window;
-  window.SetSplash(&splash);
   Application application(window);
   window.show();
-  QApplication::processEvents();
-  const bool staysOpen =
-      window.LoadForm(application.Form(), RunOrder(RebuildCommandLine(argc, argv)));
-  splash.close();
-  if (staysOpen) QApplication::exec();
+  if (window.LoadForm(application.Form(), RunOrder(RebuildCommandLine(argc, argv)))) {
+    QApplication::exec();
+  }
   // How a run went is told by its report and the log, not by an exit code.
   return 0;
 } catch (const std::exception& fault) {

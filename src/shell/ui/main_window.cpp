@@ -14,6 +14,7 @@
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTabBar>
+#include <QWindow>
 #include <algorithm>
 
 #include "shell/run_summary.h"
@@ -94,7 +95,10 @@ void MainWindow::Attach(ImportForm& importForm) {
 bool MainWindow::LoadForm(ImportForm& importForm, const RunOrder& order) {
   Attach(importForm);
   bool staysOpen = false;
+  isStarting_ = true;
   Do([&] { staysOpen = shell::LoadForm(importForm, order); });
+  isStarting_ = false;
+  splash_.reset();
   if (!staysOpen || isClosed_) return false;
   for (QFrame* frame : controls_.frSource) {
     if (frame->isVisibleTo(this)) frame->findChild<QLineEdit*>()->setFocus();
@@ -268,7 +272,8 @@ bool MainWindow::IsDue(Clock::time_point& last) {
 // The face -----------------------------------------------------------------------
 
 void MainWindow::PrepareDialog() {
-  if (splash_) splash_->hide();
+  splash_.reset();  // a dialog must not come up behind it
+  isStarting_ = false;
   ShowForm();
 }
 
@@ -289,11 +294,9 @@ void MainWindow::PanelChanged(form::Panel panel, std::string_view) {
   // of them may stand for as long as Tally takes, so it is painted at once.
   if (controls_.progress->IsAtWork()) return;
   ShowPanels();
-  if (panel == form::Panel::Stat) {
-    // Tally is asked next: all that is known by now stands until it answers.
-    ShowForm();
-    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  }
+  // Tally is asked next: all that is known by now stands until it answers.
+  if (panel == form::Panel::Stat) ShowForm();
+  if (!windowHandle() || !windowHandle()->isExposed()) return;  // not on the screen yet
   QCoreApplication::sendPostedEvents(controls_.SB, QEvent::LayoutRequest);
   controls_.SB->layout()->activate();
   controls_.SB->repaint();
@@ -343,6 +346,7 @@ void MainWindow::FocusOn(form::Control control) {
 }
 
 void MainWindow::LetEventsRun() {
+  if (isClosed_) throw ClosedByUser{};  // while an answer was awaited
   EnableForm(false);
   if (!IsDue(lastEvents_)) return;
   Draw();
@@ -353,6 +357,14 @@ void MainWindow::LetEventsRun() {
 void MainWindow::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
   controls_.progress->FitInto(width());
+}
+
+void MainWindow::StayPainted() noexcept {
+  if (isStarting_ && !splash_) {
+    splash_ = std::make_unique<SplashWindow>();
+    splash_->show();
+  }
+  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
 void MainWindow::Close() {

@@ -36,9 +36,6 @@ class MainWindow : public QMainWindow, public form::Face {
   bool LoadForm(form::ImportForm& importForm, const RunOrder& order);
 
   MainControls& Controls() { return controls_; }
-  /// A window that is shown while the program starts; a dialog must not come up
-  /// behind it.
-  void SetSplash(QWidget* splash) { splash_ = splash; }
 
   // What the form shows.
   form::BoxAnswer ShowBox(const form::Box& box) override;
@@ -49,6 +46,7 @@ class MainWindow : public QMainWindow, public form::Face {
   void RowMarked(std::size_t row) override;
   void FocusOn(form::Control control) override;
   void LetEventsRun() override;
+  void StayPainted() noexcept override;
   void Close() override;
 
  protected:
@@ -112,7 +110,8 @@ class MainWindow : public QMainWindow, public form::Face {
   std::size_t lastMarked_ = 0;
   std::size_t followed_ = 0;
   bool isSummaryStale_ = false;
-  QPointer<QWidget> splash_;
+  bool isStarting_ = false;
+  std::unique_ptr<QWidget> splash_;  // there once a start has taken a moment
 };
 
 }  // namespace vorlane::shell::ui

@@ -180,11 +180,14 @@ TEST_F(HttpRequestTest, DoesNotPostAgainWhatWentUnanswered) {
 TEST_F(HttpRequestTest, WaitsForAnAnswerLongerThanForAConnection) {
   limits_.connect = milliseconds(50);
   limits_.silence = std::chrono::seconds(30);
+  int calls = 0;
+  limits_.whileWaiting = [&] { ++calls; };
   Answers({.body = "late", .delay = milliseconds(200)});
   HttpRequest request(limits_);
   request.Open("POST", Url());
   request.Send("x");
   EXPECT_EQ(request.ResponseText(), "late");
+  EXPECT_GE(calls, 2);
 }
 
 TEST_F(HttpRequestTest, RefusesAnAnswerOverTheBound) {
