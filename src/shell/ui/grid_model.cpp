@@ -65,6 +65,7 @@ void GridModel::Reset() {
   const bool isShown = grid_ && grid_->Redraw();
   rows_ = isShown ? static_cast<int>(grid_->RowCount()) : 0;
   columns_ = isShown ? static_cast<int>(grid_->ColumnCount()) : 0;
+  failed_.clear();
   endResetModel();
 }
 
@@ -72,7 +73,14 @@ void GridModel::RowsMarked(std::size_t first, std::size_t last) {
   const int top = static_cast<int>(first) - 1;
   const int bottom = std::min(static_cast<int>(last), rows_) - 1;
   if (columns_ == 0 || top > bottom) return;
+  ShowFailed({});
   emit dataChanged(index(top, 0), index(bottom, columns_ - 1));
+}
+
+void GridModel::ShowFailed(std::vector<std::size_t> rows) {
+  if (rows.empty() && failed_.empty()) return;
+  failed_ = std::move(rows);
+  emit headerDataChanged(Qt::Vertical, 0, rows_ - 1);
 }
 
 void GridModel::UseFont(const QFont& font) {
@@ -157,10 +165,26 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
   }
 }
 
-QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation == Qt::Vertical) {
-    return role == Qt::DisplayRole ? QVariant(section + 1) : QVariant();
+QVariant GridModel::RowHeader(int row, int role) const {
+  const auto isFailed = [&] {
+    return std::binary_search(failed_.begin(), failed_.end(), static_cast<std::size_t>(row) + 1);
+  };
+  switch (role) {
+    case Qt::DisplayRole:
+      return row + 1;
+    case Qt::DecorationRole:
+      return isFailed() ? QVariant(stoppedIcon_) : QVariant();
+    case Qt::ToolTipRole:
+      return ToolTip(row, columns_ - 1);
+    case Qt::AccessibleTextRole:
+      return isFailed() ? QString::number(row + 1) + ", not in Tally" : QString::number(row + 1);
+    default:
+      return {};
   }
+}
+
+QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
+  if (orientation == Qt::Vertical) return RowHeader(section, role);
   const auto column = static_cast<std::size_t>(section) + 1;
   if (!grid_ || !grid_->Redraw() || column > grid_->ColumnCount()) return {};
   if (role == Qt::DisplayRole) return CellText(grid_->Column(column).header);

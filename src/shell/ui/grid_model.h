@@ -4,6 +4,7 @@
 #include <QColor>
 #include <QFont>
 #include <QIcon>
+#include <vector>
 
 #include "form/import_grid.h"
 
@@ -23,6 +24,11 @@ class GridModel : public QAbstractTableModel {
   void Reset();
   /// Rows from `first` to `last`, of the grid, have other marks or texts.
   void RowsMarked(std::size_t first, std::size_t last);
+  /// The rows, of the grid and in order, that a run left with Tally not having them.
+  /// Their numbers get the sign: the marks of a run do not paint every one of them,
+  /// and the status may be columns away. The next mark or reset drops them.
+  void ShowFailed(std::vector<std::size_t> rows);
+  bool ShowsFailed() const { return !failed_.empty(); }
   /// Chooses the colours that can be read on a background of that lightness.
   void UseDarkColours(bool dark) { isDark_ = dark; }
   void UseFont(const QFont& font);
@@ -43,10 +49,12 @@ class GridModel : public QAbstractTableModel {
   QVariant Foreground(const form::RowMark& mark) const;
   QVariant RowIcon(const form::RowMark& mark) const;
   QVariant ToolTip(int row, int column) const;
+  QVariant RowHeader(int row, int role) const;
 
   const form::ImportGrid* grid_ = nullptr;
   int rows_ = 0;  // as the views know them; the grid may have moved on
   int columns_ = 0;
+  std::vector<std::size_t> failed_;
   bool isDark_ = false;
   QFont boldFont_;
   QIcon doneIcon_;

@@ -19,6 +19,7 @@ constexpr int kFittedRows = 300;  // a column is fitted to its first and last ro
 constexpr int kWidestColumn = 320;
 constexpr int kWidestStatus = 640;
 constexpr int kNarrowestColumn = 40;
+constexpr int kSignWidth = 22;  // an icon and the room beside it
 
 QString ForSpreadsheet(QString text) {
   static constexpr QChar kNeedsQuotes[] = {'\t', '"', '\n', '\r'};
@@ -136,7 +137,7 @@ void GridView::FitColumn(int column, int atMost) {
   };
   for (int row = 0; row < std::min(rows, kFittedRows); ++row) measure(row);
   for (int row = std::max(kFittedRows, rows - kFittedRows); row < rows; ++row) measure(row);
-  if (column == 0) width += 22;  // the icon
+  if (column == 0) width += kSignWidth;
   setColumnWidth(column, std::clamp(width, kNarrowestColumn, atMost));
 }
 
@@ -147,9 +148,19 @@ void GridView::GridChanged() {
   for (int column = 0; column < columns; ++column) {
     FitColumn(column, column + 1 == columns ? kWidestStatus : kWidestColumn);
   }
+  FitRowNumbers();
+}
+
+void GridView::FitRowNumbers() {
   // Numbers of a million rows need their room; the header asks only those in view.
-  verticalHeader()->setMinimumWidth(
-      fontMetrics().horizontalAdvance(QString::number(model_->rowCount())) + 14);
+  const int number = fontMetrics().horizontalAdvance(QString::number(model_->rowCount()));
+  verticalHeader()->setMinimumWidth(number + 14 + (model_->ShowsFailed() ? kSignWidth : 0));
+}
+
+void GridView::ShowFailed() {
+  if (!commands_.failedRows) return;
+  model_->ShowFailed(commands_.failedRows());
+  FitRowNumbers();
 }
 
 void GridView::FitStatus() {

@@ -26,6 +26,8 @@ class GridView : public QTableView {
   void GridChanged();
   /// Fits the status column, then the first one, to what they hold now.
   void FitStatus();
+  /// Signs the rows that the run left failed, until the next one.
+  void ShowFailed();
   /// Makes a row, from 1, the current one and brings it into view; not while the
   /// user moves about in the grid, who would never get to read or copy a cell.
   void FollowRow(std::size_t row);
@@ -46,6 +48,7 @@ class GridView : public QTableView {
 
  private:
   void AddMenu();
+  void FitRowNumbers();
   void FitColumn(int column, int atMost);
   void ReadPalette();
   void GoToRow(std::size_t row);

@@ -251,6 +251,7 @@ void MainWindow::ShowSummary() {
   isSummaryStale_ = false;
   if (form_->GR1.HasRun()) {
     controls_.progress->ShowSummary(SummarizeRun(form_->GR1));
+    controls_.GR1->ShowFailed();
   } else {
     controls_.progress->ClearSummary();
   }

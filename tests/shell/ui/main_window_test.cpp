@@ -396,6 +396,16 @@ TEST_F(MainWindowTest, FailedRowsAreFoundCopiedAndSaved) {
       copied.startsWith("Name\tParent\tSubLedger\tProcess Status\nLost\tNowhere\tNo\tERRORS "));
   EXPECT_EQ(copied.count('\n'), 2);
 
+  const auto ofRow = [&](int row, int role) {
+    return grid.Model().headerData(row, Qt::Vertical, role);
+  };
+  EXPECT_FALSE(ofRow(0, Qt::DecorationRole).isValid());
+  EXPECT_TRUE(ofRow(1, Qt::DecorationRole).isValid());
+  EXPECT_TRUE(ofRow(1, Qt::ToolTipRole).toString().contains("ERRORS "));
+  EXPECT_EQ(ofRow(1, Qt::AccessibleTextRole), "2, not in Tally");
+  grid.Model().RowsMarked(1, 1);  // the next run has begun
+  EXPECT_FALSE(ofRow(1, Qt::DecorationRole).isValid());
+
   grid.selectionModel()->select(QItemSelection(grid.Model().index(0, 0), grid.Model().index(1, 1)),
                                 QItemSelectionModel::ClearAndSelect);
   grid.setFocus();
