@@ -72,6 +72,10 @@ const char* const kUsage =
     "                        [--period YYYY-MM-DD..YYYY-MM-DD] [--unique-numbers TYPE]...\n"
     "                        [--seed FILE|FOLDER]... [--record FOLDER] [--stop-after SECONDS]\n";
 
+bool AsksForHelp(const std::vector<std::string>& arguments) {
+  return arguments.size() == 1 && (arguments.front() == "--help" || arguments.front() == "-h");
+}
+
 std::variant<Settings, std::string> ReadArguments(const std::vector<std::string>& arguments) {
   Settings settings;
   for (std::size_t i = 0; i < arguments.size(); i += 2)

@@ -23,6 +23,9 @@ struct Settings {
 
 extern const char* const kUsage;
 
+/// Whether no more is asked than the usage.
+bool AsksForHelp(const std::vector<std::string>& arguments);
+
 /// The settings, or the argument that is not understood or lacks a good value.
 std::variant<Settings, std::string> ReadArguments(const std::vector<std::string>& arguments);
 

@@ -47,7 +47,12 @@ void WaitForTheEnd(const sigset_t& signals, const Settings& settings) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto read = vorlane::practice::ReadArguments({argv + 1, argv + argc});
+  const std::vector<std::string> arguments(argv + 1, argv + argc);
+  if (vorlane::practice::AsksForHelp(arguments)) {
+    std::fputs(vorlane::practice::kUsage, stdout);
+    return 0;
+  }
+  const auto read = vorlane::practice::ReadArguments(arguments);
   if (const auto* argument = std::get_if<std::string>(&read)) {
     std::fprintf(stderr, "vorlane-practice: '%s' is unknown or lacks a good value.\n%s",
                  argument->c_str(), vorlane::practice::kUsage);

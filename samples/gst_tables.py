@@ -44,9 +44,10 @@ SrNo | ID  | VchType | VchNo | VchDate    | RefNo | Party             | Registra
 11   |     |         |       |            |       |                   |                  |                 |             |               | Output SGST       |       | 90     |           |         |         |           |         |              |              |               |               |          |
 """
 
+# The report of a run names its vouchers by the ID.
 SALESBILLS = """
-SrNo | BillNo | BillDate   | Customer          | SalesLedger     | Taxable | GSTRate | Interstate | Narration
-1    | B/1    | 05-04-2025 | Konkan Builders   | Sales - GST 18% | 2500    | 18      | No         | Two boxes of screws
-2    | B/2    | 05-04-2025 | Gulbarga Hardware | Sales - GST 18% | 1250.50 | 18      | Yes        | Bags
-3    | B/3    | 06-04-2025 | Counter Customers | Sales - GST 18% | 99.99   | 0       | No         | Exempt goods
+SrNo | ID    | BillNo | BillDate   | Customer          | SalesLedger     | Taxable | GSTRate | Interstate | Narration
+1    | SB-01 | B/1    | 05-04-2025 | Konkan Builders   | Sales - GST 18% | 2500    | 18      | No         | Two boxes of screws
+2    | SB-02 | B/2    | 05-04-2025 | Gulbarga Hardware | Sales - GST 18% | 1250.50 | 18      | Yes        | Bags
+3    | SB-03 | B/3    | 06-04-2025 | Counter Customers | Sales - GST 18% | 99.99   | 0       | No         | Exempt goods
 """

@@ -84,6 +84,8 @@ class Checker {
       Complain("there is no type word, so the format is none");
     } else if (std::ranges::find(kTypes, platform::UpperCase(root_)) == std::end(kTypes)) {
       Complain("the type word " + Quoted(root_) + " leads to no loop");
+    } else if (platform::EqualsNoCase(root_, "VOUCHER") && NamesNoRow()) {
+      Complain("the source has no column ID, so the report of a run ends in an error box");
     }
   }
 
@@ -232,9 +234,16 @@ class Checker {
   }
 
   void CheckColumn(const std::string& key) {
-    if (columns_ && std::ranges::find(*columns_, key) == columns_->end()) {
-      Complain("the source has no column " + key);
-    }
+    if (LacksColumn(key)) Complain("the source has no column " + key);
+  }
+
+  /// Of a source with voucher types the load makes the IDs itself.
+  bool NamesNoRow() const {
+    return LacksColumn("ID") && LacksColumn("VCHTYPE") && LacksColumn("NAME");
+  }
+
+  bool LacksColumn(std::string_view key) const {
+    return columns_ && std::ranges::find(*columns_, key) == columns_->end();
   }
 
   void Complain(const std::string& what) {

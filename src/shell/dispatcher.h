@@ -20,8 +20,7 @@ sources::Loop LoopOfFormat(std::string_view typeWord);
 /// names more.
 form::DeclaredColumns ColumnsOf(sources::Loop loop);
 
-/// Runs a loop to its end; Nothing runs nothing. Fails for a loop that this
-/// version does not have, before any row is sent.
+/// Runs a loop to its end; Nothing runs nothing.
 void RunLoop(form::ImportForm& importForm, sources::Loop loop);
 
 }  // namespace vorlane::shell

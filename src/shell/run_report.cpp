@@ -22,6 +22,8 @@ std::string PadName(std::string_view name) {
   return padded;
 }
 
+// Only a header that is spelt just so: a source with "Id" is asked for its "Name".
+// Scripts read the reports of sheets that have both.
 std::string RowNameColumn(const ImportGrid& grid) {
   for (std::size_t column = 1; column <= grid.ColumnCount(); ++column) {
     if (grid.Column(column).header == "ID") return "ID";

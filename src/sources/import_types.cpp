@@ -1,7 +1,5 @@
 #include "sources/import_types.h"
 
-#include <iterator>
-
 #include "platform/runtime/text.h"
 
 namespace vorlane::sources {
@@ -106,24 +104,9 @@ constexpr ImportType kImportTypes[] = {
     {"DVOISRECEIPT",              {},                                                                kNotListed,  kRefused,  kOrderedExcel,  Loop::CustomFormat},
     {"ECOMSALES",                 {},                                                                kNotListed,  kRefused,  kOrderedExcel,  Loop::CustomFormat},
 };
-
-constexpr std::string_view kLoopNames[] = {
-    "", "", "PostAttendance", "PostBankStmt", "PostCostCategories", "PostCostCategoriesGST",
-    "PostCostCentres", "PostCostCentresGST", "PostCostTransaction", "PostCrDrNotes",
-    "PostCustomFormat", "PostGodowns", "PostGodownsGST", "PostItemizedTransaction",
-    "PostLedgerGroups", "PostLedgerGroupsGST", "PostLedgers", "PostLedgersGST", "PostNotes",
-    "PostOrders", "PostPhysicalStock", "PostQuickTransaction", "PostSTTDSTransaction",
-    "PostServTaxTransaction", "PostStockCategories", "PostStockCategoriesGST", "PostStockGroups",
-    "PostStockGroupsGST", "PostStockItems", "PostStockItemsGST", "PostStockJV",
-    "PostTDSTransaction", "PostTransaction", "PostTransactionGST", "PostUnits", "PostUnitsGST",
-    "PostVATTransaction", "PostVATTransactionMC", "PostVoucherRegister",
-};
 // clang-format on
-static_assert(std::size(kLoopNames) == static_cast<std::size_t>(Loop::PostVoucherRegister) + 1);
 
 }  // namespace
-
-std::string_view LoopName(Loop loop) { return kLoopNames[static_cast<std::size_t>(loop)]; }
 
 std::span<const ImportType> ImportTypes() { return kImportTypes; }
 

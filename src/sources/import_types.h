@@ -51,9 +51,6 @@ enum class Loop : std::uint8_t {
   PostVoucherRegister,
 };
 
-/// The name of a loop as its code has it; empty for Nothing and CustomFormat.
-std::string_view LoopName(Loop loop);
-
 /// Which list builders offer a type.
 enum Listing : std::uint8_t {
   kNotListed = 0,

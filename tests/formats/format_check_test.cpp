@@ -104,6 +104,11 @@ TEST(FormatCheck, TellsWhatIsWrongWithGroupsAndHeads) {
                    "format my format: the type word \"CASTLE\" leads to no loop."}));
   EXPECT_EQ(CheckFormat(ParseFormatText("format | X", "a test")),
             Texts{"format X: there is no type word, so the format is none."});
+  const FormatDefinition voucher = ParseFormatText("format | X\ntype | Voucher", "a test");
+  EXPECT_EQ(CheckFormat(voucher, ColumnKeys{"BILLNO"}),
+            Texts{"format X: the source has no column ID, so the report of a run ends in an error "
+                  "box."});
+  EXPECT_EQ(CheckFormat(voucher, ColumnKeys{"BILLNO", "ID"}), Texts{});
 }
 
 TEST(FormatCheck, ShippedFormatsAreWithoutComplaint) {

@@ -36,6 +36,12 @@ TEST(PracticeProgram, RefusesBadArguments) {
   }
 }
 
+TEST(PracticeProgram, TellsItsUsageWhenAsked) {
+  const Ended ended = RunProgram("--help");
+  EXPECT_EQ(ended.code, 0);
+  EXPECT_TRUE(ended.output.starts_with("Usage: vorlane-practice")) << ended.output;
+}
+
 TEST(PracticeProgram, TellsThatItsPortIsTaken) {
   PracticeServer server;
   const Ended ended = RunProgram("--port " + std::to_string(server.Port()));

@@ -1,5 +1,6 @@
 #include <exception>
 #include <iostream>
+#include <string_view>
 
 #include <unistd.h>
 
@@ -9,8 +10,22 @@
 #include "shell/console/console_face.h"
 #include "shell/start_up.h"
 
+namespace {
+
+constexpr std::string_view kUsage =
+    "Usage: vorlane-console [KIND [SOURCE [TYPE [COMPANY [REPORT [SERVER [PORT\n"
+    "                       [ORDER [USER [PASSWORD]]]]]]]]]]\n"
+    "KIND is XLS, MDB or ODBC, ORDER is POST or POSTSILENT; \"\" leaves a place open.\n"
+    "Without an ORDER it reads commands; the command help lists them.\n";
+
+}  // namespace
+
 int main(int argc, char** argv) try {
   using namespace vorlane::shell;
+  if (argc == 2 && std::string_view(argv[1]) == "--help") {
+    std::cout << kUsage;
+    return 0;
+  }
   console::ConsoleFace face(std::cin, std::cerr, isatty(STDERR_FILENO) != 0);
   Application application(face);
   const RunOrder order(RebuildCommandLine(argc, argv));

@@ -207,6 +207,8 @@ TEST_F(ConsoleProgram, HelpNamesEachCommand) {
                               "skip-existing on|off", "check-masters on|off", "refresh", "post",
                               "save-report", "options", "grid", "marks", "panels", "help", "exit"})
     EXPECT_NE(printed_.find(std::string("\n") + command), std::string::npos) << command;
+  EXPECT_EQ(Run("--help", "types"), 0);
+  EXPECT_TRUE(printed_.starts_with("Usage: vorlane-console [KIND [SOURCE")) << printed_;
 }
 
 TEST_F(ConsoleProgram, DoesAWholeRunFromItsCommandLine) {
