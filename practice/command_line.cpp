@@ -41,6 +41,11 @@ bool ReadPeriod(const std::string& text, std::optional<Period>& period) {
   return true;
 }
 
+bool ReadRefusals(std::string_view text, bool& silently) {
+  silently = text == "silent";
+  return silently || text == "told";
+}
+
 struct Option {
   std::string_view name;
   bool (*take)(const std::string& value, Settings& settings);
@@ -53,6 +58,7 @@ constexpr Option kOptions[] = {
     {"--books",          [](auto& v, Settings& s) { return ReadText(v, s.booksFile); }},
     {"--period",         [](auto& v, Settings& s) { return ReadPeriod(v, s.rules.period); }},
     {"--unique-numbers", [](auto& v, Settings& s) { return AddText(v, s.rules.uniqueNumbers); }},
+    {"--refusals",       [](auto& v, Settings& s) { return ReadRefusals(v, s.rules.refusesSilently); }},
     {"--seed",           [](auto& v, Settings& s) { return AddText(v, s.seeds); }},
     {"--record",         [](auto& v, Settings& s) { return ReadText(v, s.recordFolder); }},
     {"--stop-after",     [](auto& v, Settings& s) { return ReadNumber(v, s.stopAfter.emplace()); }},
@@ -70,6 +76,7 @@ bool TakeOption(const std::string& name, const std::string& value, Settings& set
 const char* const kUsage =
     "Usage: vorlane-practice [--port PORT] [--company NAME]... [--books FILE]\n"
     "                        [--period YYYY-MM-DD..YYYY-MM-DD] [--unique-numbers TYPE]...\n"
+    "                        [--refusals told|silent]\n"
     "                        [--seed FILE|FOLDER]... [--record FOLDER] [--stop-after SECONDS]\n";
 
 bool AsksForHelp(const std::vector<std::string>& arguments) {

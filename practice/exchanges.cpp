@@ -77,7 +77,7 @@ std::string Asked(std::string_view request) {
 // The counters that are not zero.
 std::string Counters(std::string_view answer) {
   std::string counters;
-  for (const char* tag : {"CREATED", "ALTERED", "DELETED", "ERRORS"}) {
+  for (const char* tag : {"CREATED", "ALTERED", "DELETED", "ERRORS", "EXCEPTIONS"}) {
     const std::string count = FirstText(answer, tag);
     if (count.empty() || count == "0") continue;
     if (!counters.empty()) counters += ", ";
@@ -101,7 +101,8 @@ ExchangeDigest DigestOf(const ShownExchange& exchange) {
   std::string reason = FirstText(answer, "LINEERROR");
   if (reason.empty()) reason = FirstText(answer, "ERRORMSG");
   const std::string counters = Counters(answer);
-  digest.refused = !reason.empty() || answer.find("Unknown Request") != answer.npos;
+  digest.refused = !reason.empty() || counters.find("exceptions") != counters.npos ||
+                   answer.find("Unknown Request") != answer.npos;
   digest.asked = Shortened(Asked(exchange.request), kDigestBytes);
   digest.answered =
       Shortened(counters.empty() || reason.empty() ? counters + reason : counters + ": " + reason,

@@ -31,7 +31,7 @@ std::vector<std::string> ListedNames(const XmlNode& object) {
   return names;
 }
 
-enum class Outcome { Created, Altered, Deleted };
+enum class Outcome { Created, Altered, Deleted, Excepted };
 
 // What came of one object; lines refuse it.
 struct Result {
@@ -100,6 +100,7 @@ Result ImportVoucher(const XmlNode& voucher, CompanyBooks& company, const Rules&
   }
   CheckedVoucher checked = CheckVoucher(voucher, company, rules);
   if (!checked.faults.empty()) return {Outcome::Created, std::move(checked.faults)};
+  if (!checked.silentFaults.empty()) return {Outcome::Excepted, {}};
   const auto [id, isNew] = company.PutVoucher(std::move(checked.voucher));
   return {isNew ? Outcome::Created : Outcome::Altered, {}, id};
 }
@@ -128,6 +129,9 @@ void Count(Result result, ImportCounts& counts) {
       break;
     case Outcome::Deleted:
       ++counts.deleted;
+      break;
+    case Outcome::Excepted:
+      ++counts.exceptions;
       break;
   }
 }

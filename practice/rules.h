@@ -18,6 +18,9 @@ struct Rules {
   /// Voucher types, by name or alias, in which a number may stand but once; besides
   /// those that forbid it themselves.
   std::vector<std::string> uniqueNumbers;
+  /// A day out of range, a number that stands already and unequal sides count as
+  /// EXCEPTIONS, without a word, as the product has it for some of them.
+  bool refusesSilently = false;
 };
 
 }  // namespace vorlane::practice

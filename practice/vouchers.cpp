@@ -65,10 +65,10 @@ class VoucherCheck {
   }
 
   CheckedVoucher Finish() {
-    if (checked_.faults.empty() && debit_ + credit_ != 0)
-      Add("Voucher Totals do not match! Dr. " + AmountText(-debit_) + " Cr. " +
-          AmountText(credit_) +
-          " Diff: " + AmountText(std::max(-debit_, credit_) - std::min(-debit_, credit_)));
+    if (checked_.faults.empty() && checked_.silentFaults.empty() && debit_ + credit_ != 0)
+      AddOfRules("Voucher Totals do not match! Dr. " + AmountText(-debit_) + " Cr. " +
+                 AmountText(credit_) +
+                 " Diff: " + AmountText(std::max(-debit_, credit_) - std::min(-debit_, credit_)));
     checked_.voucher.amount = AmountText(credit_);
     return std::move(checked_);
   }
@@ -78,6 +78,12 @@ class VoucherCheck {
     std::vector<std::string>& faults = checked_.faults;
     if (std::find(faults.begin(), faults.end(), line) == faults.end())
       faults.push_back(std::move(line));
+  }
+
+  /// A fault that the product may leave without a word.
+  void AddOfRules(std::string line) {
+    if (!rules_.refusesSilently) return Add(std::move(line));
+    checked_.silentFaults.push_back(std::move(line));
   }
 
   void CheckDate(const std::string& date);
@@ -139,7 +145,7 @@ void VoucherCheck::CheckDate(const std::string& date) {
   auto digits = ReadTallyDate(date);
   const std::optional<Period>& period = rules_.period;
   if (!digits || (period && (*digits < period->from || *digits > period->to)))
-    Add("The date " + date + " is Out of Range");
+    AddOfRules("The date " + date + " is Out of Range");
   else
     checked_.voucher.date = *std::move(digits);
 }
@@ -150,7 +156,7 @@ void VoucherCheck::CheckNumber(const Master& type) {
   for (const std::string& name : rules_.uniqueNumbers)
     once = once || SameName(name, type.name) || SameName(name, type.alias);
   if (once && company_.Vouchers().HasNumberOf(checked_.voucher))
-    Add("Voucher Number '" + checked_.voucher.number + "' already exists!");
+    AddOfRules("Voucher Number '" + checked_.voucher.number + "' already exists!");
 }
 
 void VoucherCheck::AddSide(const XmlNode& line, Side side) {

@@ -17,8 +17,9 @@ struct CheckedVoucher {
   /// The lines that refuse the voucher, each once: masters that it names in vain, a
   /// date that is missing, none or outside of the period, a number that may stand but
   /// once, and, when that is all in order, unequal sides.
-  /// Empty when it can be taken.
   std::vector<std::string> faults;
+  /// Those of the faults that the rules keep from the answer.
+  std::vector<std::string> silentFaults;
   Voucher voucher;  ///< for the books; of use without faults alone
 };
 

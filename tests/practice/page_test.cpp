@@ -147,6 +147,8 @@ TEST(PracticePage, TellsExchangesInALine) {
             "Import: UNIT <Kg> | created 2, deleted 1");
   EXPECT_EQ(digest(NewImport(""), "<LINEERROR>It&apos;s &lt;gone</LINEERROR><ERRORS>1</ERRORS>"),
             "Import: nothing | errors 1: It's <gone | refused");
+  EXPECT_EQ(digest(NewImport(""), "<CREATED>1</CREATED><EXCEPTIONS>1</EXCEPTIONS>"),
+            "Import: nothing | created 1, exceptions 1 | refused");
   for (const char* cut : {"<TALLYREQUEST>Import", "<TALLYREQUEST>Import<TALLYMESSAGE",
                           "<TALLYREQUEST>Import<TALLYMESSAGE><", "<TALLYREQUEST>Export<ID"})
     EXPECT_NE(digest(cut, ""), "") << cut;

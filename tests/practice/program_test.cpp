@@ -29,7 +29,7 @@ TEST(PracticeProgram, RefusesBadArguments) {
   for (const char* arguments :
        {"--port", "--port x", "--port 70000", "--port -1", "--company ''", "--colour red", "x",
         "--stop-after 1.5", "--period 2024-04-01", "--period 2024-04-01..2025-02-29",
-        "--period 2025-04-01..2024-03-31", "--books ''", "--unique-numbers"}) {
+        "--period 2025-04-01..2024-03-31", "--refusals loud", "--books ''", "--unique-numbers"}) {
     const Ended ended = RunProgram(arguments);
     EXPECT_EQ(ended.code, 2) << arguments;
     EXPECT_NE(ended.output.find("Usage: vorlane-practice"), std::string::npos) << arguments;

@@ -118,6 +118,21 @@ TEST_F(VoucherImportTest, TakesNoDayOutsideOfThePeriod) {
     EXPECT_NE(session.find(day), session.npos) << session;
 }
 
+TEST_F(VoucherImportTest, KeepsItsReasonsWhereToldSo) {
+  gateway_.SetRules({Period{"20240401", "20250331"}, {"Sales"}, true});
+  const std::string good = Voucher("<VOUCHERNUMBER>1</VOUCHERNUMBER>" + kSides, "01-04-2024");
+  EXPECT_EQ(Import(good), "1000");
+  const std::string late = Voucher(kSides, "1-Apr-2025");
+  const std::string unequal = Voucher(Entry("Asha", "5"), "01-04-2024");
+  for (const std::string& voucher : {late, unequal, good}) {
+    EXPECT_EQ(Import(voucher), "0000") << voucher;
+    EXPECT_NE(Answer(voucher).find("<EXCEPTIONS>1</EXCEPTIONS>"), std::string::npos);
+  }
+  EXPECT_EQ(Import(Voucher(Entry("Nobody", "5"), "1-Apr-2025")),
+            "0001 Ledger &apos;Nobody&apos; does not exist!")
+      << "what is missing is told all the same";
+}
+
 TEST_F(VoucherImportTest, NumbersMayStandButOnceWhereToldSo) {
   const auto numbered = [](const std::string& number, const std::string& remoteId,
                            const std::string& type = "Sales") {
