@@ -143,7 +143,7 @@ class DesktopFixture : public testing::Test {
   }
 
   const tests::ScratchFolder folder_;
-  practice::PracticeServer server_;
+  practice::PracticeServer server_{{"Demo Traders"}};
   std::unique_ptr<MainWindow> window_;
   std::unique_ptr<Application> application_;
 

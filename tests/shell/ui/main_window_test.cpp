@@ -120,8 +120,8 @@ TEST_F(MainWindowTest, FirstStartAsksForTheAddressAndWaitsForRefresh) {
   EXPECT_EQ(settings.Read("Config", "UseOldTally"), "Yes");
 
   Click("cmdRefresh");
-  EXPECT_EQ(Entries("cmbCurrentCompanyList"), QStringList{"Practice Traders"});
-  EXPECT_EQ(The<QComboBox>("cmbCurrentCompanyList").currentText(), "Practice Traders");
+  EXPECT_EQ(Entries("cmbCurrentCompanyList"), QStringList{"Demo Traders"});
+  EXPECT_EQ(The<QComboBox>("cmbCurrentCompanyList").currentText(), "Demo Traders");
   EXPECT_EQ(The<QLabel>("stat").text(), "TallyPrime Server is Running.........");
 
   // By the menu, Refresh follows Cancel too, and nothing is stored.
@@ -132,7 +132,7 @@ TEST_F(MainWindowTest, FirstStartAsksForTheAddressAndWaitsForRefresh) {
   The<QComboBox>("cmbCurrentCompanyList").setEditText("Typed");
   Choose("mnuOptions");
   EXPECT_EQ(settings.Read("Config", "PortNo"), std::to_string(server_.Port()));
-  EXPECT_EQ(The<QComboBox>("cmbCurrentCompanyList").currentText(), "Practice Traders");
+  EXPECT_EQ(The<QComboBox>("cmbCurrentCompanyList").currentText(), "Demo Traders");
 }
 
 TEST_F(MainWindowTest, AFileIsPickedPostedMarkedAndReported) {
