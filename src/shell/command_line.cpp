@@ -1,6 +1,7 @@
 #include "shell/command_line.h"
 
 #include "platform/runtime/text.h"
+#include "shell/start_up.h"
 
 namespace vorlane::shell {
 
@@ -69,6 +70,20 @@ std::string RebuildCommandLine(int argc, const char* const* argv) {
     if (needsQuotes) line += '"';
   }
   return line;
+}
+
+std::optional<std::string> AnswerAboutProgram(std::string_view program, std::string_view unordered,
+                                              int argc, const char* const* argv) {
+  if (argc != 2) return std::nullopt;
+  std::string name(program);
+  if (argv[1] == std::string_view("--version")) return name.append(" ").append(kVersion) + '\n';
+  if (argv[1] != std::string_view("--help")) return std::nullopt;
+  const std::string indent(name.size() + 8, ' ');
+  return "Usage: " + name + " [KIND [SOURCE [TYPE [COMPANY [REPORT [SERVER [PORT\n" + indent +
+         "[ORDER [USER [PASSWORD]]]]]]]]]]\n"
+         "KIND is XLS, MDB or ODBC, ORDER is POST or POSTSILENT; \"\" leaves a place open.\n"
+         "Without an ORDER it " +
+         std::string(unordered) + ".\n";
 }
 
 RunOrder::RunOrder(std::string_view commandLine) {

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,12 @@ std::string GetArgument(std::string_view commandLine, std::int16_t index);
 /// The raw line of an argument vector without the program's name: an argument
 /// that is empty or holds a blank is put in double quotes.
 std::string RebuildCommandLine(int argc, const char* const* argv);
+
+/// What a program of the form tells of itself when "--help" or "--version" is all
+/// that it is given; nothing for a command line of its ten arguments. `unordered` is
+/// what it does when it is not ordered to post.
+std::optional<std::string> AnswerAboutProgram(std::string_view program, std::string_view unordered,
+                                              int argc, const char* const* argv);
 
 /// The ten arguments of a run, single quotes removed. All may be empty.
 struct RunOrder {

@@ -59,6 +59,18 @@ TEST(CommandLine, IsRebuiltFromItsVector) {
   }
 }
 
+TEST(CommandLine, TellsOfTheProgramOnlyWhenNothingElseIsAsked) {
+  const auto answer = [](std::vector<const char*> argv) {
+    argv.insert(argv.begin(), "/usr/bin/vorlane");
+    return AnswerAboutProgram("vorlane", "waits", static_cast<int>(argv.size()), argv.data());
+  };
+  EXPECT_EQ(answer({"--version"}), "vorlane 1.0.0\n");
+  EXPECT_TRUE(answer({"--help"})->ends_with("Without an ORDER it waits.\n"));
+  EXPECT_EQ(answer({}), std::nullopt);
+  EXPECT_EQ(answer({"--help", "types"}), std::nullopt);
+  EXPECT_EQ(answer({"XLS"}), std::nullopt);
+}
+
 TEST(RunOrder, TakesTenArgumentsWithoutSingleQuotes) {
   const RunOrder order(
       "xls \"/data/O'Brien's books.xls\" 'ledger\"s\" \"D'Souza & Co\" r.txt h 9001 PostSilent u "

@@ -1,6 +1,5 @@
 #include <exception>
 #include <iostream>
-#include <string_view>
 
 #include <unistd.h>
 
@@ -10,20 +9,11 @@
 #include "shell/console/console_face.h"
 #include "shell/start_up.h"
 
-namespace {
-
-constexpr std::string_view kUsage =
-    "Usage: vorlane-console [KIND [SOURCE [TYPE [COMPANY [REPORT [SERVER [PORT\n"
-    "                       [ORDER [USER [PASSWORD]]]]]]]]]]\n"
-    "KIND is XLS, MDB or ODBC, ORDER is POST or POSTSILENT; \"\" leaves a place open.\n"
-    "Without an ORDER it reads commands; the command help lists them.\n";
-
-}  // namespace
-
 int main(int argc, char** argv) try {
   using namespace vorlane::shell;
-  if (argc == 2 && std::string_view(argv[1]) == "--help") {
-    std::cout << kUsage;
+  constexpr const char* kUnordered = "reads commands; the command help lists them";
+  if (const auto answer = AnswerAboutProgram("vorlane-console", kUnordered, argc, argv)) {
+    std::cout << *answer;
     return 0;
   }
   console::ConsoleFace face(std::cin, std::cerr, isatty(STDERR_FILENO) != 0);

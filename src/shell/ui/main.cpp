@@ -8,6 +8,11 @@
 
 int main(int argc, char** argv) try {
   using namespace vorlane::shell;
+  constexpr const char* kUnordered = "opens its window and waits";
+  if (const auto answer = AnswerAboutProgram("vorlane", kUnordered, argc, argv)) {
+    std::cout << *answer;
+    return 0;
+  }
   // The arguments are the program's own; the toolkit would take those with a "-".
   int toolkitArguments = 1;
   QApplication desktop(toolkitArguments, argv);
