@@ -33,7 +33,7 @@ using form::ImportForm;
 namespace {
 
 /// How long a change of a running command may wait for the screen.
-constexpr std::chrono::milliseconds kDrawInterval{40};
+constexpr std::chrono::milliseconds kDrawInterval{60};
 
 void SetTextIfOther(QLineEdit* box, const std::string& text) {
   const QString wanted = ToQt(text);
@@ -350,6 +350,7 @@ void MainWindow::LetEventsRun() {
   if (isClosed_) throw ClosedByUser{};  // while an answer was awaited
   EnableForm(false);
   if (!IsDue(lastEvents_)) return;
+  lastDrawn_ = lastEvents_;  // once for both: each frame paints a window full of rows
   Draw();
   QCoreApplication::processEvents();
   if (isClosed_) throw ClosedByUser{};
