@@ -32,8 +32,11 @@ using form::ImportForm;
 
 namespace {
 
-/// How long a change of a running command may wait for the screen.
-constexpr std::chrono::milliseconds kDrawInterval{60};
+/// How long a change of a running command may wait for the screen, at least and at most.
+constexpr std::chrono::milliseconds kDrawInterval{40};
+constexpr std::chrono::milliseconds kLongestInterval{250};
+/// Of a command's time no more than one in so many parts goes into showing it.
+constexpr int kShowingPart = 10;
 
 void SetTextIfOther(QLineEdit* box, const std::string& text) {
   const QString wanted = ToQt(text);
@@ -265,9 +268,20 @@ void MainWindow::Draw() {
 
 bool MainWindow::IsDue(Clock::time_point& last) {
   const auto now = Clock::now();
-  if (now - last < kDrawInterval) return false;
+  if (now - last < drawInterval_) return false;
   last = now;
   return true;
+}
+
+/// Shows how far a running command is. A large window full of columns takes longer
+/// to paint, and so is painted less often.
+void MainWindow::DrawFrame(QEventLoop::ProcessEventsFlags events) {
+  const auto begun = Clock::now();
+  Draw();
+  QCoreApplication::processEvents(events);
+  const Clock::duration taken = Clock::now() - begun;
+  drawInterval_ =
+      std::clamp<Clock::duration>(taken * kShowingPart, kDrawInterval, kLongestInterval);
 }
 
 // The face -----------------------------------------------------------------------
@@ -307,8 +321,7 @@ void MainWindow::Progress(std::size_t done, std::size_t total) {
   controls_.progress->Note(done, total);
   if (!IsDue(lastDrawn_)) return;
   if (!form_->GR1.Redraw() && controls_.GR1->Model().rowCount() > 0) controls_.GR1->GridChanged();
-  Draw();
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+  DrawFrame(QEventLoop::ExcludeUserInputEvents);
   if (isClosed_) throw ClosedByUser{};
 }
 
@@ -351,8 +364,7 @@ void MainWindow::LetEventsRun() {
   EnableForm(false);
   if (!IsDue(lastEvents_)) return;
   lastDrawn_ = lastEvents_;  // once for both: each frame paints a window full of rows
-  Draw();
-  QCoreApplication::processEvents();
+  DrawFrame(QEventLoop::AllEvents);
   if (isClosed_) throw ClosedByUser{};
 }
 

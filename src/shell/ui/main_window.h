@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QEventLoop>
 #include <QMainWindow>
 #include <QPointer>
 #include <chrono>
@@ -80,6 +81,7 @@ class MainWindow : public QMainWindow, public form::Face {
   void ShowMarks();
   void ShowSummary();
   void Draw();
+  void DrawFrame(QEventLoop::ProcessEventsFlags events);
   bool IsDue(Clock::time_point& last);
   void PrepareDialog();
 
@@ -104,6 +106,7 @@ class MainWindow : public QMainWindow, public form::Face {
   bool isFormDisabled_ = false;
   QPointer<QObject> pathLeft_;  // a path box that waits for its check
   bool isPathEdited_ = false;   // since it was checked last
+  Clock::duration drawInterval_{};
   Clock::time_point lastDrawn_{};
   Clock::time_point lastEvents_{};
   std::size_t firstMarked_ = 0;  // rows that were marked since they were shown; 0 for none
