@@ -100,7 +100,7 @@ Result ImportVoucher(const XmlNode& voucher, CompanyBooks& company, const Rules&
   }
   CheckedVoucher checked = CheckVoucher(voucher, company, rules);
   if (!checked.faults.empty()) return {Outcome::Created, std::move(checked.faults)};
-  if (!checked.silentFaults.empty()) return {Outcome::Excepted, {}};
+  if (checked.isRefusedSilently) return {Outcome::Excepted, {}};
   const auto [id, isNew] = company.PutVoucher(std::move(checked.voucher));
   return {isNew ? Outcome::Created : Outcome::Altered, {}, id};
 }

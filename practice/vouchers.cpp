@@ -65,7 +65,7 @@ class VoucherCheck {
   }
 
   CheckedVoucher Finish() {
-    if (checked_.faults.empty() && checked_.silentFaults.empty() && debit_ + credit_ != 0)
+    if (checked_.faults.empty() && !checked_.isRefusedSilently && debit_ + credit_ != 0)
       AddOfRules("Voucher Totals do not match! Dr. " + AmountText(-debit_) + " Cr. " +
                  AmountText(credit_) +
                  " Diff: " + AmountText(std::max(-debit_, credit_) - std::min(-debit_, credit_)));
@@ -83,7 +83,7 @@ class VoucherCheck {
   /// A fault that the product may leave without a word.
   void AddOfRules(std::string line) {
     if (!rules_.refusesSilently) return Add(std::move(line));
-    checked_.silentFaults.push_back(std::move(line));
+    checked_.isRefusedSilently = true;
   }
 
   void CheckDate(const std::string& date);

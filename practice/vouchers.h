@@ -18,8 +18,8 @@ struct CheckedVoucher {
   /// date that is missing, none or outside of the period, a number that may stand but
   /// once, and, when that is all in order, unequal sides.
   std::vector<std::string> faults;
-  /// Those of the faults that the rules keep from the answer.
-  std::vector<std::string> silentFaults;
+  /// There is a fault, too, of which the rules let the answer say nothing.
+  bool isRefusedSilently = false;
   Voucher voucher;  ///< for the books; of use without faults alone
 };
 
