@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QScrollBar>
-#include <QTimer>
 #include <QWindow>
 #include <algorithm>
 #include <chrono>

@@ -263,6 +263,11 @@ void SetTabOrder(const MainControls& controls) {
 
 }  // namespace
 
+void AddSourceTab(QTabBar& tabs, const QString& name) {
+  // The names are their own mnemonics: Alt+E, Alt+A, Alt+O.
+  tabs.addTab('&' + name);
+}
+
 MainControls BuildMainControls(QMainWindow& window) {
   MainControls controls{};
   auto* middle = new QWidget;
@@ -273,8 +278,7 @@ MainControls BuildMainControls(QMainWindow& window) {
   controls.TabSource->setAccessibleName("Kind of source");
   controls.TabSource->setExpanding(false);
   controls.TabSource->setDrawBase(false);
-  // The names are their own mnemonics: Alt+E, Alt+A, Alt+O.
-  for (const char* tab : kSourceTabs) controls.TabSource->addTab(QString("&") + tab);
+  for (const char* tab : kSourceTabs) AddSourceTab(*controls.TabSource, tab);
   all->addWidget(controls.TabSource);
   all->setSpacing(6);
   BuildFrames(controls, *all);

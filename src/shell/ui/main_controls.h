@@ -12,6 +12,7 @@ class QMainWindow;
 class QPushButton;
 class QSplitter;
 class QStatusBar;
+class QString;
 class QTabBar;
 class QTableView;
 
@@ -69,6 +70,8 @@ struct MainControls {
   QAction* mnuAbout;
 };
 
+/// Adds a tab of `TabSource`.
+void AddSourceTab(QTabBar& tabs, const QString& name);
 /// Builds the controls, menus and tab order into a window.
 MainControls BuildMainControls(QMainWindow& window);
 

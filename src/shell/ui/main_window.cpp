@@ -157,10 +157,7 @@ void MainWindow::ShowSource() {
   const auto& tabs = form_->TabSource.tabs;
   if (controls_.TabSource->count() != static_cast<int>(tabs.size())) {
     while (controls_.TabSource->count() > 0) controls_.TabSource->removeTab(0);
-    for (const std::string& tab : tabs) {
-      // The names are their own mnemonics: Alt+E, Alt+A, Alt+O.
-      controls_.TabSource->addTab('&' + ToQt(tab));
-    }
+    for (const std::string& tab : tabs) AddSourceTab(*controls_.TabSource, ToQt(tab));
   }
   const auto selected = std::find(tabs.begin(), tabs.end(), form_->TabSource.selected);
   controls_.TabSource->setCurrentIndex(static_cast<int>(selected - tabs.begin()));
